@@ -1,0 +1,55 @@
+#pragma once
+// Line readers and the tab splitter shared by the project file and every archive.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fornax {
+
+// A text file read whole into memory, as UTF-8 lines. Accepts CR LF or LF line ends;
+// a last line without a line end is read whole.
+class FileTesto {
+public:
+    // Reads the file; false when it can't be opened (the object is then empty).
+    bool Apri(const std::string& percorso);
+    // Reads from a buffer of Windows-1252 bytes (tests, fuzzing).
+    void ApriDaTesto(std::string_view contenuto);
+
+    bool Fine() const { return pos_ >= righe_.size(); }
+    // The next physical line, unchanged; "" at the end of the file.
+    std::string RigaFisica();
+
+    // Lines until one is neither empty after trimming nor begins with '#'; every ',' becomes '.'.
+    // "" when the end of the file comes first.
+    std::string LeggiRiga();
+    // Lines until one does not begin with '#'; an empty line is returned; ',' becomes '.'.
+    std::string LeggiRigaVuota();
+    // As LeggiRigaVuota, but the line comes back unchanged.
+    std::string LeggiRigaGrezza();
+
+private:
+    std::vector<std::string> righe_;
+    size_t pos_ = 0;
+};
+
+// Splits a line at tabs: a run of tabs is one separator, leading tabs give no field,
+// every ',' becomes '.'. Returns the index of the last field (the count less one);
+// an empty line gives 0 with one empty field.
+int SeparaCampi(std::string_view riga, std::vector<std::string>& campi);
+
+// A text file built in memory and written in Windows-1252 with CR LF line ends to a
+// temporary file beside the target, renamed over it only when the whole write succeeded:
+// a failure never destroys the previous file.
+class ScrittoreTesto {
+public:
+    void Riga(std::string_view testo = {});   // one line, CR LF added
+    const std::string& Contenuto() const { return testo_; }  // UTF-8, "\r\n" line ends
+    // Writes the file; false on any failure, with the previous file left untouched.
+    bool Salva(const std::string& percorso) const;
+
+private:
+    std::string testo_;
+};
+
+}  // namespace fornax

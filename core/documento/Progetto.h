@@ -1,0 +1,24 @@
+#pragma once
+// The project file (.RTG).
+
+#include <string>
+
+#include "archives/Archivi.h"
+
+namespace fornax {
+
+class Messaggi;
+class Avanzamento;
+
+constexpr const char* VERSIONE_PROGRAMMA = "Fornax 5.1.0";
+constexpr int VERSIONE_MAGGIORE = 5;
+
+// Writes the project from the document (temporary file and rename). False on failure,
+// with the previous file left untouched.
+bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg);
+
+// Reads a project into the document. False when the file is refused or can't be used
+// (the product's message has been shown); d.CaricamentoProgetto tells the caller as well.
+bool LeggiProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg, Avanzamento& av);
+
+}  // namespace fornax
