@@ -80,6 +80,13 @@ static std::string Breve(T v) {
 std::string TestoBreve(float v) { return Breve(v); }
 std::string TestoBreve(double v) { return Breve(v); }
 
+std::string TestoGenerale(double v, int cifre) {
+    if (v == 0) return "0";
+    char buf[64];
+    const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, cifre);
+    return std::string(buf, r.ptr);
+}
+
 static std::string ComeStampa(const std::string& testo) {
     if (!testo.empty() && testo[0] == '-') return testo + " ";
     return " " + testo + " ";

@@ -19,6 +19,10 @@ int32_t ArrotondaI32(double v);
 std::string TestoBreve(float v);
 std::string TestoBreve(double v);
 
+// A number as a text box shows it: at most `cifre` significant digits, trailing zeros
+// dropped, '.' as the decimal point (15 for a double, 7 for a single).
+std::string TestoGenerale(double v, int cifre);
+
 // A number as the print statement writes it into a file: a blank in place of a plus sign,
 // the shortest text of its own width, one trailing blank: " 15 ", "-0.5 ".
 std::string NumeroFile(float v);

@@ -39,6 +39,9 @@ TEST(Numeri, ScritturaComeLaStampa) {
     EXPECT_EQ(NumeroFile(int32_t{-1}), "-1 ");
     EXPECT_EQ(NumeroFile(-0.0f), " 0 ");
     EXPECT_EQ(TestoBreve(1.42e-05f), "1.42e-05");
+    EXPECT_EQ(TestoGenerale(0.1 + 0.2, 15), "0.3");       // a text box shows 15 digits, not 17
+    EXPECT_EQ(TestoGenerale(static_cast<double>(2200.0f), 7), "2200");
+    EXPECT_EQ(TestoGenerale(static_cast<double>(0.8f), 7), "0.8");
     // Every float survives the trip through its text.
     for (float v : {1.0f / 3.0f, 123456.78f, 2.5e-7f, 3.4e38f}) {
         EXPECT_EQ(static_cast<float>(LeggiNumero(TestoBreve(v))), v);
