@@ -6,6 +6,7 @@
 #include <iterator>
 #include <system_error>
 
+#include "core/Servizi.h"
 #include "core/Testo.h"
 
 namespace fornax {
@@ -105,6 +106,14 @@ bool ScrittoreTesto::Salva(const std::string& percorso) const {
         return false;
     }
     return true;
+}
+
+bool ScrittoreTesto::SalvaOAvvisa(const std::string& percorso, Messaggi& msg) const {
+    if (Salva(percorso)) return true;
+    msg.Mostra("Impossibile scrivere il file '" + percorso +
+                   "'. Controllare che la cartella esista e sia scrivibile: il file precedente non e' stato modificato.",
+               Box::CRITICAL, "Errore");
+    return false;
 }
 
 }  // namespace fornax

@@ -7,6 +7,8 @@
 
 namespace fornax {
 
+class Messaggi;
+
 // A text file read whole into memory, as UTF-8 lines. Accepts CR LF or LF line ends;
 // a last line without a line end is read whole.
 class FileTesto {
@@ -47,6 +49,9 @@ public:
     const std::string& Contenuto() const { return testo_; }  // UTF-8, "\r\n" line ends
     // Writes the file; false on any failure, with the previous file left untouched.
     bool Salva(const std::string& percorso) const;
+    // As Salva; on failure tells the user, in Italian, that the file was not written and the
+    // previous one is untouched.
+    bool SalvaOAvvisa(const std::string& percorso, Messaggi& msg) const;
 
 private:
     std::string testo_;
