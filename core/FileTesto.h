@@ -19,6 +19,10 @@ public:
     void ApriDaTesto(std::string_view contenuto);
 
     bool Fine() const { return pos_ >= righe_.size(); }
+    // Where the next line will be read from, and back there: a reader that scans for an
+    // optional block returns to where it started when the block isn't there.
+    size_t Posizione() const { return pos_; }
+    void Riposiziona(size_t posizione) { pos_ = posizione < righe_.size() ? posizione : righe_.size(); }
     // The next physical line, unchanged; "" at the end of the file.
     std::string RigaFisica();
 
