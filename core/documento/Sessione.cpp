@@ -52,7 +52,8 @@ void clsMRU::Setup(const std::string& sezione, int n) {
 
 // ---- Start-up ----
 
-bool CaricaArchivi(Archivi& a, Documento& d, const std::string& cartella, Avanzamento& av, Messaggi& msg) {
+bool CaricaArchivi(Archivi& a, Documento& d, const std::string& cartella, Avanzamento& av, Messaggi& msg,
+                   bool colonneObbligatorie) {
     a.Cartella = cartella;
     av.Testo("Inizializzazione...");
     AzzeraRete(d, a.Default);
@@ -64,7 +65,8 @@ bool CaricaArchivi(Archivi& a, Documento& d, const std::string& cartella, Avanza
     VerificaDefaultPdc(a);
     CaricaSpecialiInterni(a);
     CaricaParFamGas(a);
-    const bool colonne = LeggiColonne(a, msg, av);
+    const bool colonne = (!colonneObbligatorie && !EsisteFile(TrovaFile(cartella, "gridgas.cne"))) ||
+                         LeggiColonne(a, msg, av);
     LeggiDefault(a, msg);
     if (a.NumGas() > 0) {
         d.GasCorrente = a.Gas[1];

@@ -47,8 +47,10 @@ struct Sessione {
 // The archives of the program's folder, in the start-up order: materials, gases, limits (2008
 // edition), fittings of an internal installation, family references, column table, default
 // texts; then the first gas becomes the current one. False when the column table is missing:
-// the program can't show or print any table without it.
-bool CaricaArchivi(Archivi& a, Documento& d, const std::string& cartella, Avanzamento& av, Messaggi& msg);
+// the program can't show or print any table without it. A headless run that prints no table
+// passes colonneObbligatorie false, and a folder without the column file is then accepted.
+bool CaricaArchivi(Archivi& a, Documento& d, const std::string& cartella, Avanzamento& av, Messaggi& msg,
+                   bool colonneObbligatorie = true);
 
 // Work directory of the file dialogs: "Recent"/"LastWorkDirectory", by default the folder
 // "Archivio Lavori" of the program's folder.
