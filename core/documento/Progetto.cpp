@@ -138,6 +138,11 @@ bool LeggiProgetto(Documento& d, Archivi& a, const std::string& percorso, Messag
         msg.Mostra("Il file selezionato non esiste");
         return false;
     }
+    return LeggiProgettoDa(f, d, a, percorso, msg, av);
+}
+
+bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg,
+                     Avanzamento& av) {
     d.CaricamentoProgetto = VERO;
     const std::string firma = f.LeggiRiga();
     if (Maiuscolo(firma.substr(0, 2)) != "FX") {

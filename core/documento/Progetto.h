@@ -4,6 +4,7 @@
 #include <string>
 
 #include "archives/Archivi.h"
+#include "core/FileTesto.h"
 
 namespace fornax {
 
@@ -20,5 +21,8 @@ bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messa
 // Reads a project into the document. False when the file is refused or can't be used
 // (the product's message has been shown); d.CaricamentoProgetto tells the caller as well.
 bool LeggiProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg, Avanzamento& av);
+// The same reading from a file already in memory (`percorso` becomes the project's name).
+bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg,
+                     Avanzamento& av);
 
 }  // namespace fornax
