@@ -9,6 +9,7 @@
 #include "cli/Tabella.h"
 #include "core/Numeri.h"
 #include "core/documento/Progetto.h"
+#include "leaktest/AperturaTenuta.h"
 
 namespace fornax::cli {
 
@@ -96,6 +97,9 @@ int Save(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
         return ESITO_USO;
     }
     ProgettoCli& p = *e.p;
+    // As on the desktop, the leak-test page has been filled when the project was opened.
+    StatoPaginaTenuta pagina;
+    ApriPaginaTenuta(p.d, p.a, pagina, p.msg);
     return ScriviProgetto(p.d, p.a, e.argomenti.front(), p.msg) ? ESITO_OK : ESITO_PROGETTO;
 }
 
