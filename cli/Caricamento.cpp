@@ -36,7 +36,7 @@ int MessaggiCli::ScegliSostituto(const std::string& nome, int tipo, const std::v
 }
 
 EsitoCaricamento CaricaPerCli(const ContestoCli& ctx, const std::vector<std::string>& argomenti,
-                              bool colonneObbligatorie) {
+                              bool colonneObbligatorie, const ControlloArgomenti& controlla) {
     EsitoCaricamento e;
     auto p = std::make_unique<ProgettoCli>();
     std::string progetto;
@@ -59,6 +59,10 @@ EsitoCaricamento CaricaPerCli(const ContestoCli& ctx, const std::vector<std::str
     }
     if (progetto.empty()) {
         std::cerr << "fornax-cli: manca il file del progetto\n";
+        e.esito = ESITO_USO;
+        return e;
+    }
+    if (controlla && !controlla(e.argomenti)) {
         e.esito = ESITO_USO;
         return e;
     }

@@ -2,6 +2,7 @@
 // Loading a project for a command: the archives of the program's folder in the start-up order,
 // then the project, with the desktop's messages written to standard error.
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -39,8 +40,11 @@ struct EsitoCaricamento {
 
 // `argomenti` holds the project's path first, then any option; --sostituisci NOME=N is taken
 // here (N a 1-based position in the archive's list, or a name of it), the rest is left.
+// `controlla`, when given, judges the arguments left for the command before anything is
+// loaded; false means wrong usage (it has said why on standard error).
+using ControlloArgomenti = std::function<bool(const std::vector<std::string>&)>;
 EsitoCaricamento CaricaPerCli(const ContestoCli& ctx, const std::vector<std::string>& argomenti,
-                              bool colonneObbligatorie = false);
+                              bool colonneObbligatorie = false, const ControlloArgomenti& controlla = nullptr);
 
 // Help lines of the options taken by CaricaPerCli.
 constexpr const char* USO_SOSTITUISCI = "[--sostituisci NOME=N]...";

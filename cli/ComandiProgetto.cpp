@@ -78,24 +78,24 @@ void StampaTronchi(std::ostream& out, const ProgettoCli& p) {
 }
 
 int Info(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
-    EsitoCaricamento e = CaricaPerCli(ctx, argomenti);
+    EsitoCaricamento e = CaricaPerCli(ctx, argomenti, false, [](const std::vector<std::string>& resto) {
+        if (resto.empty()) return true;
+        std::cerr << "fornax-cli info: argomento non previsto '" << resto.front() << "'\n";
+        return false;
+    });
     if (!e.p) return e.esito;
-    if (!e.argomenti.empty()) {
-        std::cerr << "fornax-cli info: argomento non previsto '" << e.argomenti.front() << "'\n";
-        return ESITO_USO;
-    }
     StampaParametri(std::cout, *e.p);
     StampaTronchi(std::cout, *e.p);
     return ESITO_OK;
 }
 
 int Save(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
-    EsitoCaricamento e = CaricaPerCli(ctx, argomenti);
-    if (!e.p) return e.esito;
-    if (e.argomenti.size() != 1) {
+    EsitoCaricamento e = CaricaPerCli(ctx, argomenti, false, [](const std::vector<std::string>& resto) {
+        if (resto.size() == 1) return true;
         std::cerr << "fornax-cli save: indicare il file da scrivere (save PROGETTO.RTG USCITA.RTG)\n";
-        return ESITO_USO;
-    }
+        return false;
+    });
+    if (!e.p) return e.esito;
     ProgettoCli& p = *e.p;
     // As on the desktop, the leak-test page has been filled when the project was opened.
     StatoPaginaTenuta pagina;

@@ -32,6 +32,10 @@ static void Aiuto(std::ostream& out) {
     for (const auto& c : ElencoComandi()) {
         out << "  " << c.uso << "\n      " << c.descrizione << "\n";
     }
+    out << "\nOpzione dei comandi che aprono un progetto:\n"
+           "  --sostituisci NOME=N   un gas o una tubazione del progetto che manca in archivio\n"
+           "                         viene sostituito dall'N-esimo dell'elenco proposto (o dal\n"
+           "                         nome indicato); senza, il comando si ferma con la domanda\n";
     out << "\nEsito: 0 riuscito, 1 progetto o archivio non utilizzabile, 2 uso errato.\n";
 }
 
