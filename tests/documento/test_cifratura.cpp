@@ -9,11 +9,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "archives/Archivi.h"
+#include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/ServiziProva.h"
 #include "core/Testo.h"
@@ -223,6 +225,34 @@ TEST_F(ColonneConsegnate, SiLeggonoSenzaMessaggiUndiciTabelleConUnaChiaveNotaPer
             EXPECT_GT(k.Larghezza, 0);
             // Text fields print as they stand; numbers need digit placeholders.
             EXPECT_EQ(Numerico(k.Formato), testi.count(k.Id) == 0) << k.Chiave << " " << k.Formato;
+        }
+    }
+}
+
+TEST_F(ColonneConsegnate, OgniFormatoNumericoStampaComeLoLeggeUnTecnico) {
+    // Every numeric pattern of the delivered file with a value of the kind it shows. A new
+    // pattern must bring its example here.
+    struct Esempio {
+        double valore;
+        const char* atteso;
+    };
+    const std::map<std::string, std::vector<Esempio>> esempi = {
+        {"##0", {{12, "12"}, {0, "0"}, {400, "400"}}},
+        {"##0.000", {{2.5404294f, "2.540"}, {0.85759664f, "0.858"}}},
+        {"##0.00", {{6.5f, "6.50"}, {0, "0.00"}}},
+        {"##0.0", {{48.507275f, "48.5"}, {-1, "-1.0"}}},
+        {"#0.00", {{2.552362f, "2.55"}, {19.330332f, "19.33"}}},
+        {"#######0", {{23999.99945994068, "24000"}, {7739.999965206152, "7740"}}},
+        {"###0.00", {{193.5f, "193.50"}, {1250, "1250.00"}}},
+        {"###0.0", {{324.5f, "324.5"}, {2.8f, "2.8"}}},
+        {"#########0", {{2892500.4, "2892500"}}},
+    };
+    for (int t = 0; t < NUM_TABELLE; ++t) {
+        for (int c = 0; c <= Ultima(t); ++c) {
+            const std::string& formato = Colonna(t, c).Formato;
+            if (!Numerico(formato)) continue;
+            ASSERT_EQ(esempi.count(formato), 1u) << "formato senza esempio: " << formato;
+            for (const Esempio& e : esempi.at(formato)) EXPECT_EQ(FormattaNumero(e.valore, formato), e.atteso) << formato;
         }
     }
 }
