@@ -25,14 +25,6 @@ constexpr double kTransizione = static_cast<double>(8.0f);
 
 double Quadrato(double x) { return x * x; }
 
-// Reynolds number rounded to single precision through its decimal text, as the screening of
-// diameters hands it on: 15 significant digits, then read back as a float.
-float ReynoldsDaTesto(double re) {
-    char testo[40];
-    std::snprintf(testo, sizeof testo, "%.15g", re);
-    return std::strtof(testo, nullptr);
-}
-
 // Compression factor at the project's mean pressure: the ratio of the atmosphere to the mean
 // absolute pressure between the source and the minimum at the ends.
 double FattoreCompressione(const Documento& d) {
@@ -48,6 +40,12 @@ double DifferenzaQuadrati(const Documento& d, float D, float Q, float L, float l
 }
 
 }  // namespace
+
+float ReynoldsDaTesto(double re) {
+    char testo[40];
+    std::snprintf(testo, sizeof testo, "%.15g", re);
+    return std::strtof(testo, nullptr);
+}
 
 double Rugosita(int tipoFormula) { return tipoFormula == 1 ? 0.00015 : 0.00002; }
 
@@ -173,22 +171,22 @@ double VelocitaMedia(float Q, float Dmm, double pTesta, double pFine) {
     return 2.0 * VelocitaNormale(Q, Dmm) * 101.325 / (pTesta + pFine + 202.65);
 }
 
-bool MaterialeValido(const Archivi& a, int materiale) {
+bool MaterialeInTabella(const Archivi& a, int materiale) {
     return materiale >= 1 && materiale <= a.NumMateriali();
 }
 
 int RigaTronco(const Archivi& a, const Tronco& t) {
-    if (!MaterialeValido(a, t.IndiceMateriale)) return 0;
+    if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0;
     return IndiceRiga(a, t.IndiceMateriale, t.ID_DIAMETRO);
 }
 
 float DiametroTronco(const Archivi& a, const Tronco& t) {
-    if (!MaterialeValido(a, t.IndiceMateriale)) return 0.0f;
+    if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0.0f;
     return DiametroInterno(a, t.IndiceMateriale, t.ID_DIAMETRO);
 }
 
 int TipoFormulaTronco(const Archivi& a, const Tronco& t) {
-    if (!MaterialeValido(a, t.IndiceMateriale)) return 0;
+    if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0;
     return a.Materiali[static_cast<size_t>(t.IndiceMateriale)].TipoFormula;
 }
 

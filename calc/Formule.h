@@ -22,6 +22,11 @@ namespace fornax {
 // steel (type 1), 0.00002 for every other type.
 double Rugosita(int tipoFormula);
 
+// The Reynolds number rounded to single precision through its decimal text, as the screening
+// of diameters hands it on: 15 significant digits, then read back as a float. It differs from
+// a direct rounding only next to the midpoint of two floats.
+float ReynoldsDaTesto(double re);
+
 // Drop per metre of an internal installation, Pa/m.
 //  - UNI 7129 (1992) (Normativa 1): Darcy-Weisbach with a Lees-type smooth-pipe friction law
 //    that carries a term of its own for the diameter:
@@ -77,7 +82,7 @@ void CalcolaLunghezzeEquivalentiPressione(Documento& d, const Archivi& a, int mo
 // The section's pipe: row of ID_DIAMETRO in the section's material (0 when none) and its inner
 // diameter in mm (0 when none). A material index outside the table counts as a material
 // without rows.
-bool MaterialeValido(const Archivi& a, int materiale);
+bool MaterialeInTabella(const Archivi& a, int materiale);
 int RigaTronco(const Archivi& a, const Tronco& t);
 float DiametroTronco(const Archivi& a, const Tronco& t);
 int TipoFormulaTronco(const Archivi& a, const Tronco& t);
