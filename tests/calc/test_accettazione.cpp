@@ -4,11 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 
 #include "archives/Archivi.h"
 #include "calc/Calcolo.h"
@@ -16,7 +12,7 @@
 #include "core/ServiziProva.h"
 #include "core/documento/Progetto.h"
 #include "core/documento/Sessione.h"
-#include "tests/calc/JsonMinimo.h"
+#include "tests/calc/ConfrontoJson.h"
 
 using namespace fornax;
 using fornax::prova::Json;
@@ -24,72 +20,6 @@ using fornax::prova::Json;
 namespace {
 
 const std::string kAccettazione = std::string(FORNAX_SHARED_DIR) + "/acceptance";
-
-std::string LeggiFile(const std::string& percorso) {
-    std::ifstream in(percorso, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-// The fields kept in double; every other number is a float.
-bool Doppio(const std::string& chiave) { return chiave == "VolumeTubazioni"; }
-
-std::string Bits(float v) {
-    uint32_t b;
-    std::memcpy(&b, &v, sizeof b);
-    std::ostringstream s;
-    s << std::hex << b;
-    return s.str();
-}
-
-// Compares every key the expected value holds with ours; collects the differences as text.
-void Confronta(const std::string& dove, const Json& atteso, const Json& nostro, const std::string& chiave,
-               std::vector<std::string>& differenze) {
-    if (atteso.tipo != nostro.tipo) {
-        differenze.push_back(dove + ": tipo diverso");
-        return;
-    }
-    switch (atteso.tipo) {
-        case Json::Tipo::Oggetto:
-            for (const auto& [k, v] : atteso.oggetto) {
-                const Json* n = nostro.Cerca(k);
-                if (n == nullptr) {
-                    differenze.push_back(dove + "." + k + ": assente");
-                    continue;
-                }
-                Confronta(dove + "." + k, v, *n, k, differenze);
-            }
-            break;
-        case Json::Tipo::Elenco:
-            if (atteso.elenco.size() != nostro.elenco.size()) {
-                differenze.push_back(dove + ": " + std::to_string(atteso.elenco.size()) + " elementi attesi, " +
-                                     std::to_string(nostro.elenco.size()) + " calcolati");
-                return;
-            }
-            for (size_t i = 0; i < atteso.elenco.size(); ++i) {
-                Confronta(dove + "[" + std::to_string(i) + "]", atteso.elenco[i], nostro.elenco[i], chiave, differenze);
-            }
-            break;
-        case Json::Tipo::Numero:
-            if (Doppio(chiave)) {
-                if (atteso.Doppio() != nostro.Doppio())
-                    differenze.push_back(dove + ": atteso " + atteso.testo + ", calcolato " + nostro.testo);
-            } else if (atteso.Singolo() != nostro.Singolo()) {
-                differenze.push_back(dove + ": atteso " + atteso.testo + " (" + Bits(atteso.Singolo()) + "), calcolato " +
-                                     nostro.testo + " (" + Bits(nostro.Singolo()) + ")");
-            }
-            break;
-        case Json::Tipo::Testo:
-            if (atteso.testo != nostro.testo)
-                differenze.push_back(dove + ": atteso \"" + atteso.testo + "\", calcolato \"" + nostro.testo + "\"");
-            break;
-        case Json::Tipo::Booleano:
-            if (atteso.booleano != nostro.booleano) differenze.push_back(dove + ": booleano diverso");
-            break;
-        case Json::Tipo::Nullo: break;
-    }
-}
 
 class Accettazione : public ::testing::TestWithParam<std::string> {};
 
@@ -112,12 +42,9 @@ TEST_P(Accettazione, IRisultatiCoincidonoBitPerBit) {
     EXPECT_EQ(msg.mostrati.size(), messaggiCaricamento) << "un calcolo corretto non mostra messaggi";
 
     const Json nostro = prova::LeggiJson(RisultatiJson(*d, *a));
-    const Json atteso = prova::LeggiJson(LeggiFile(kAccettazione + "/expected/" + nome + ".json"));
-    std::vector<std::string> differenze;
-    Confronta(nome, atteso, nostro, "", differenze);
-    std::string elenco;
-    for (const auto& s : differenze) elenco += "  " + s + "\n";
-    EXPECT_TRUE(differenze.empty()) << differenze.size() << " differenze:\n" << elenco;
+    const Json atteso = prova::LeggiJson(prova::LeggiTesto(kAccettazione + "/expected/" + nome + ".json"));
+    const auto differenze = prova::Differenze(nome, atteso, nostro);
+    EXPECT_TRUE(differenze.empty()) << differenze.size() << " differenze:\n" << prova::Elenco(differenze);
 }
 
 INSTANTIATE_TEST_SUITE_P(Progetti, Accettazione,
