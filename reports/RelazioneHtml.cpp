@@ -1,0 +1,571 @@
+// The report as one HTML file made to be printed on A4 from a browser. Pages are not left to
+// the browser: the writer keeps its own count of the millimetres left in the body of the page
+// and places every header, body and footer as an absolutely positioned DIV, each page 289 mm
+// below the last.
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "calc/Calcolo.h"
+#include "core/Servizi.h"
+#include "core/Testo.h"
+#include "reports/Esecuzione.h"
+#include "reports/FileRelazione.h"
+#include "reports/Relazione.h"
+#include "reports/Stampa.h"
+
+namespace fornax {
+
+namespace {
+
+// Heights charged to the page, in millimetres.
+constexpr double kAltezzaPagina = 175.0;
+constexpr double kSpaziatura = 4.0;
+constexpr double kTitolo = 4.2;
+constexpr double kRigaTitoli = 8.0;
+constexpr double kRiga = 3.15;
+constexpr double kRigaDN = 6.0;
+constexpr double kTitoloGrande = 8.4;
+constexpr double kTitoloPiccolo = 6.3;
+constexpr double kRigaCopertina = 3.5;
+constexpr int kPasso = 289;  // mm from one page to the next
+
+constexpr const char* kSpazio = "<DIV class='lineverticalspacing'>&nbsp;</DIV>";
+constexpr const char* kRigaOrizzontale = "<HR noshade color='black' width='100%' size='1'>";
+constexpr const char* kTabellaDati = "<TABLE align='CENTER' cellspacing=0 class='datatable'>";
+constexpr const char* kTabellaDN = "<TABLE align='left' cellspacing=0>";
+constexpr const char* kGrassetto = "<span style=\"font-weight: bold;\">";
+
+std::string Nbsp(int n) {
+    std::string s;
+    for (int i = 0; i < n; ++i) s += "&nbsp;";
+    return s;
+}
+
+// The style sheet, line by line, as the report has always written it.
+constexpr const char* kStile[] = {
+    "body", "{", "  height: 297mm;", "  width: 210mm;", "  font-family:Arial;", "}", "",
+    "Table", "{", "  width: 100%;", "}", "",
+    "td", "{", "  font-size : 3.5mm;", "}", "",
+    "div", "{", "  width: 100%;", "}", "",
+    ".headerpage", "{", "  margin-left: 15mm;", "  margin-rigth: 15mm;", "  margin-bottom: 10mm;", "  width: 170mm;",
+    "  position: absolute;", "}", "",
+    ".bodypage", "{", "  margin-left: 15mm;", "  margin-rigth: 15mm;", "  width: 170mm;", "  position: absolute;", "}",
+    "",
+    ".bigtitle", "{", "  font-size : 8.4mm;", "  align: center;", "}", "",
+    ".littletitle", "{", "  font-size : 6.3mm;", "  align: center;", "}", "",
+    ".fieldtitlebigspace", "{", "  font-size : 3.5mm;", "  font-weight: bold;", "}", "",
+    ".fieldvaluebigspace", "{", "  font-size : 3.5mm;", "}", "",
+    ".fieldtitle", "{", "  font-size : 3.5mm;", "  font-weight: bold;", "}", "",
+    ".fieldvalue", "{", "  font-size : 3.5mm;", "}", "",
+    ".footerpage", "{", "  margin-left: 15mm;", "  margin-rigth: 15mm;", "  width: 170mm;", "  position: absolute;",
+    "}", "",
+    ".tabletitle", "{", "  text-align: center;", "  font-size: 4.2mm;", "  font-weight: bold;", "}", "",
+    ".datatable", "{", "  line-height: 3mm;", "  border-bottom-width: 1pt;", "  border-bottom-style: solid;",
+    "  border-bottom-color: black;", "  border-top-width: 1pt;", "  border-top-style: solid;",
+    "  border-top-color: black;", "}", "",
+    ".datatablenoborder", "{", "  line-height: 3mm;", "}", "",
+    ".titlecolums", "{", "  font-size : 3.5mm;", "  font-weight: bold;", "  border-left-width: 1pt;",
+    "  border-left-style: solid;", "  border-left-color: black;", "  border-bottom-width: 1pt;",
+    "  border-bottom-style: solid;", "  border-bottom-color: black;", "  text-align: center;",
+    "  vertical-align: top;", "  line-height: 4mm;", "}", "",
+    ".titlecolumlast", "{", "  font-size : 3.5mm;", "  font-weight: bold;", "  border-left-width: 1pt;",
+    "  border-left-style: solid;", "  border-left-color: black;", "  border-right-width: 1pt;",
+    "  border-right-style: solid;", "  border-right-color: black;", "  border-bottom-width: 1pt;",
+    "  border-bottom-style: solid;", "  border-bottom-color: black;", "  text-align: center;",
+    "  vertical-align: top;", "  line-height: 4mm;", "}", "",
+    ".datacolums", "{", "  height: 3mm;", "  line-height: 3.15mm;", "  font-size : 3.15mm;",
+    "  border-left-width: 1pt;", "  border-left-style: solid;", "  border-left-color: black;",
+    "  text-align: center;", "}", "",
+    ".datacolumlast", "{", "  height: 3mm;", "  line-height: 3.15mm;", "  font-size : 3.15mm;",
+    "  border-left-width: 1pt;", "  border-left-style: solid;", "  border-left-color: black;",
+    "  border-right-width: 1pt;", "  border-right-style: solid;", "  border-right-color: black;",
+    "  text-align: center;", "}", "",
+    ".lastdatacolums", "{", "  font-size : 3.15mm;", "  border-left-width: 1pt;", "  border-left-style: solid;",
+    "  border-left-color: black;", "  text-align: center;", "}", "",
+    ".lastdatacolumlast", "{", "  font-size : 3.15mm;", "  border-left-width: 1pt;", "  border-left-style: solid;",
+    "  border-left-color: black;", "  border-right-width: 1pt;", "  border-right-style: solid;",
+    "  border-right-color: black;", "  text-align: center;", "}",
+    ".lineverticalspacing", "{", "line-height: 3mm;", "}", "",
+    ".titlesection", "{", "font-size: 4.2mm;", "font-weight: bold;", "}", "",
+    ".allbordertitle", "{", "font-size: 3.15mm;", "font-weight: bold;", "border-right-width: 1pt;",
+    "border-right-style: solid;", "border-right-color: black;", "border-top-width: 1pt;", "border-top-style: solid;",
+    "border-top-color: black;", "border-bottom-width: 1pt;", "border-bottom-style: solid;",
+    "border-bottom-color: black;", "text-align: center;", "line-height: 6mm;", "}", "",
+    ".allborder", "{", "font-size: 3.15mm;", "border-right-width: 1pt;", "border-right-style: solid;",
+    "border-right-color: black;", "border-bottom-width: 1pt;", "border-bottom-style: solid;",
+    "border-bottom-color: black;", "text-align: center;", "line-height: 6mm;", "}", "",
+    ".rowtitlefirst", "{", "font-size: 3.15mm;", "font-weight: bold;", "border-right-width: 1pt;",
+    "border-right-style: solid;", "border-right-color: black;", "border-bottom-width: 1pt;",
+    "border-bottom-style: solid;", "border-bottom-color: black;", "text-align: center;", "line-height: 6mm;", "}",
+    "",
+    ".rowtitle", "{", "font-size: 3.15mm;", "font-weight: bold;", "border-right-width: 1pt;",
+    "border-right-style: solid;", "border-right-color: black;", "text-align: center;", "line-height: 6mm;", "}", "",
+    ".sectiontitlewords", "{", "font-size: 3.15mm;", "font-weight: bold;", "}", "",
+    ".sectionwords", "{", "font-size: 3.15mm;", "}",
+};
+
+class ScrittoreHtml {
+public:
+    ScrittoreHtml(FileRelazione& f, const Documento& d, const OpzioniStampa& o, Avanzamento& av)
+        : f_(f), d_(d), o_(o), av_(av) {}
+
+    void Prologo();
+    void Intestazione();
+    void PiePagina();
+    void NuovaPagina();
+    void Copertina(const CopertinaRelazione& c);
+    void Separatore();
+    void Tabella(const TabellaRelazione& t);
+    void Computo(const ComputoRelazione& c);
+    void Tenuta(const std::vector<VoceTenuta>& voci);
+    void PaginaSchema(const std::string& fileSchema, bool altreSezioni);
+    void Epilogo();
+
+    int16_t pagina = 1;
+
+private:
+    void Riga(std::string_view s) { f_.Riga(s); }
+    void Carica(double mm) { spazio_ -= mm; }
+    void ControllaPagina(std::string_view tag = {});
+    void Spazio() {
+        Riga(kSpazio);
+        Carica(kSpaziatura);
+        ControllaPagina();
+    }
+    void TitoloSezione(const std::string& titolo);
+    void IntestazioneDi(int16_t p, const char* chiusuraLogo, const std::string& coda);
+    void PiePaginaDi(int16_t p, int posizione);
+    std::string NomeBase() const;
+    void RigaCopertina(const std::string& s) {
+        Riga(kSpazio);
+        Riga(kSpazio);
+        Carica(2 * kSpaziatura);
+        Riga(s + "<BR>");
+        Carica(kRigaCopertina);
+    }
+
+    FileRelazione& f_;
+    const Documento& d_;
+    const OpzioniStampa& o_;
+    Avanzamento& av_;
+    double spazio_ = kAltezzaPagina;
+};
+
+// A 16-bit position on the page stack: past its range the run fails (about page 114).
+int Posizione(long v) {
+    if (v < -32768 || v > 32767) Fallisci(CodiceErrore::OVERFLOW_);
+    return static_cast<int>(v);
+}
+
+void ScrittoreHtml::Prologo() {
+    Riga("<HTML>");
+    Riga("<HEAD>");
+    Riga("<TITLE>");
+    Riga("File printed: " + d_.NomeFileProgetto);
+    Riga("</TITLE>");
+    Riga("<STYLE>");
+    for (const char* s : kStile) Riga(s);
+    Riga("</STYLE>");
+    Riga("</HEAD>");
+    Riga("<BODY>");
+}
+
+// The project's base name: the file name less its folder and its last four characters; a
+// long one gives way to the tail of the whole path.
+std::string ScrittoreHtml::NomeBase() const {
+    const std::string nome = NomeFile(d_.NomeFileProgetto);
+    const std::string base = Trim(Sinistra(nome, std::max(0, NumeroCaratteri(nome) - 4)));
+    return NumeroCaratteri(base) > 28 ? Destra(d_.NomeFileProgetto, 28) : base;
+}
+
+void ScrittoreHtml::IntestazioneDi(int16_t p, const char* chiusuraLogo, const std::string& coda) {
+    const int top = p <= 1 ? 1 : Posizione(static_cast<long>(Posizione(static_cast<long>(p - 1) * kPasso)));
+    Riga("<DIV class='headerpage' style='top:" + std::to_string(top) + "mm'>");
+    Riga("<TABLE align='CENTER'>");
+    Riga("<TR>");
+    Riga("<TD ALIGN='Left'>");
+    if (o_.logo) Riga(std::string("<IMG src='logo.bmp") + chiusuraLogo);
+    else Riga("&nbsp;");
+    Riga("</TD>");
+    Riga("<TD ALIGN='Left'>" + o_.DittaRiga1 + "<BR>" + o_.DittaRiga2 + "</TD>");
+    Riga("<TD ALIGN='Right'>" + NomeBase() + "</TD>");
+    Riga("</TR>");
+    Riga("</TABLE>");
+    Riga(kRigaOrizzontale);
+    Riga("</DIV>");
+    const int corpo = Posizione(Posizione(static_cast<long>(p - 1) * kPasso) + 17L);
+    Riga("<DIV class='bodypage' style='top:" + std::to_string(corpo) + coda);
+}
+
+void ScrittoreHtml::Intestazione() { IntestazioneDi(pagina, "' width='80' height='40' >", "mm'>"); }
+
+void ScrittoreHtml::PiePaginaDi(int16_t p, int posizione) {
+    Riga("<DIV class='footerpage' style='top:" + std::to_string(posizione) + "mm'>");
+    Riga(kRigaOrizzontale);
+    Riga("<TABLE WIDTH='100' Align='CENTER'>");
+    Riga("<TR>");
+    Riga("<TD ALIGN='Left'>" + o_.DataStampa + "</TD>");
+    Riga("<TD ALIGN='CENTER'>" + o_.VersioneProgramma + "</TD>");
+    Riga("<TD ALIGN='Right'>Pagina: " + std::to_string(p) + "</TD>");
+    Riga("</TR>");
+    Riga("</TABLE>");
+    Riga("</DIV>");
+}
+
+void ScrittoreHtml::PiePagina() {
+    Riga("</DIV>");  // the body
+    PiePaginaDi(pagina, Posizione(Posizione(static_cast<long>(pagina - 1) * kPasso) + 265L));
+}
+
+void ScrittoreHtml::NuovaPagina() {
+    PiePagina();
+    pagina = static_cast<int16_t>(Posizione(pagina + 1L));
+    spazio_ = kAltezzaPagina;
+    Intestazione();
+}
+
+// After every charge: when the page is full, an open table is closed at the foot of the page
+// and opened again at the head of the next one; its title row is not repeated.
+void ScrittoreHtml::ControllaPagina(std::string_view tag) {
+    av_.Respira();
+    if (spazio_ > 0) return;
+    if (!tag.empty()) {
+        std::string_view nome = tag.substr(1);
+        nome = nome.substr(0, nome.find(' '));
+        Riga("</" + std::string(nome) + "><BR>");
+    }
+    NuovaPagina();
+    if (!tag.empty()) Riga(tag);
+}
+
+void ScrittoreHtml::Copertina(const CopertinaRelazione& c) {
+    const std::string agrave = "&agrave";  // without its semicolon, as the report writes it
+    auto campo = [](const std::string& classe, const std::string& etichetta, const std::string& valore) {
+        return "<SPAN class='" + classe + "'>" + etichetta + "</SPAN><SPAN class='" +
+               (classe == "fieldtitle" ? std::string("fieldvalue") : std::string("fieldvaluebigspace")) + "'>" +
+               valore + "</SPAN>";
+    };
+    const std::string titolo = "fieldtitle";
+    Riga("<CENTER>");
+    Riga("<SPAN class='bigtitle'>" + c.titolo + "</SPAN><BR>");
+    Carica(kTitoloGrande);
+    Riga("<SPAN class='littletitle'>" + std::string(SOTTOTITOLO_COPERTINA) + "</SPAN>");
+    Carica(kTitoloPiccolo);
+    Riga("</CENTER>");
+    Riga("<BR>");
+    RigaCopertina(campo("fieldtitlebigspace", "Riferimento :", c.riferimento));
+    RigaCopertina(campo("fieldtitlebigspace", "Lavoro" + Nbsp(6) + ":", c.lavoro));
+    RigaCopertina(campo(titolo, "Normativa di riferimento:&nbsp;", c.normativa));
+    RigaCopertina(campo(titolo, "Tipo gas" + Nbsp(8) + ":&nbsp;", c.tipoGas));
+    const std::string densita = campo(titolo, "Densit" + agrave + "&nbsp;:&nbsp;", c.densita);
+    const std::string massa = campo(titolo, "Massa volumica&nbsp;:&nbsp;", c.massaVolumica + " kg/mc");
+    const std::string viscosita = campo(titolo, "Viscosit" + agrave + "&nbsp;:&nbsp;", c.viscosita + " mm&#178;/s");
+    if (!c.pressione) {
+        RigaCopertina(densita + Nbsp(23) + campo(titolo, "Famiglia&nbsp;&nbsp;:&nbsp;", std::to_string(c.famiglia)));
+        RigaCopertina(massa + Nbsp(20) + viscosita);
+        RigaCopertina(campo(titolo, "Potere Calorifico inferiore&nbsp;:&nbsp;", c.pci + " MJ/mc") + Nbsp(12) +
+                      campo(titolo, "Potere Calorifico superiore&nbsp;:&nbsp;", c.pcs + " MJ/mc"));
+        RigaCopertina(campo(titolo, "Perdita di pressione massima ammessa&nbsp;:&nbsp;",
+                            c.limitePa + " Pa" + Nbsp(4) + "(" + c.limiteMbar + ")"));
+        RigaCopertina(campo(titolo, "Portata totale gas&nbsp;:&nbsp;", c.portataTotale + " Nmc/h"));
+        return;
+    }
+    RigaCopertina(densita + Nbsp(16) + massa + Nbsp(16) + viscosita);
+    RigaCopertina(campo(titolo, "Pressione relativa iniziale&nbsp;:&nbsp;",
+                        c.pressioneIniziale + Nbsp(4) + "(" + c.pressioneInizialeBar + ")"));
+    RigaCopertina(campo(titolo, "Pressione relativa minima finale&nbsp;:&nbsp;",
+                        c.pressioneFinale + Nbsp(4) + "(" + c.pressioneFinaleBar + ")") +
+                  Nbsp(3) +
+                  campo(titolo, "Velocit" + agrave + " massima impostata&nbsp;:&nbsp;", c.velocitaImpostata));
+    RigaCopertina(Nbsp(88) + campo(titolo, "Velocità massima calcolata&nbsp;:&nbsp;", c.velocitaCalcolata));
+    RigaCopertina(campo(titolo, "Portata gas : totale = ", c.portataNominale + " Nmc/h") + Nbsp(16) +
+                  campo(titolo, "massima contemporanea : ", c.portataContemporanea + " Nmc/h"));
+}
+
+void ScrittoreHtml::Separatore() {
+    Spazio();
+    Spazio();
+    Spazio();
+}
+
+void ScrittoreHtml::TitoloSezione(const std::string& titolo) {
+    Spazio();
+    Riga("<CENTER><SPAN class='tabletitle'>" + titolo + "</SPAN></CENTER><BR>");
+    Carica(kTitolo);
+    ControllaPagina();
+    Spazio();
+}
+
+void ScrittoreHtml::Tabella(const TabellaRelazione& t) {
+    TitoloSezione(t.titolo);
+    // A table never starts with its title row as the last thing on the page.
+    if (spazio_ - kRigaTitoli <= 0) {
+        Carica(kRigaTitoli);
+        ControllaPagina();
+    }
+    Riga(kTabellaDati);
+    Riga("<TR>");
+    const size_t n = t.colonne.size();
+    for (size_t c = 0; c < n; ++c) {
+        const ColonnaRelazione& k = t.colonne[c];
+        Riga(std::string("<TD class='") + (c + 1 == n ? "titlecolumlast" : "titlecolums") + "' style='width:" +
+             std::to_string(k.larghezza) + "mm;'>" + (k.titolo1.empty() ? std::string("&nbsp;") : k.titolo1) +
+             "<BR>" + k.titolo2 + "</TD>");
+    }
+    Riga("</TR>");
+    Carica(kRigaTitoli);
+    ControllaPagina(kTabellaDati);
+    for (const RigaRelazione& r : t.righe) {
+        Riga("<TR>");
+        for (size_t c = 0; c < n; ++c) {
+            const char* classe = r.ultima ? (c + 1 == n ? "lastdatacolumlast" : "lastdatacolums")
+                                          : (c + 1 == n ? "datacolumlast" : "datacolums");
+            const std::string& v = c < r.valori.size() ? r.valori[c] : std::string();
+            Riga(std::string("<TD class='") + classe + "' style='width:" + std::to_string(t.colonne[c].larghezza) +
+                 "mm;'>" + (v.empty() ? std::string("&nbsp;") : v) + "</TD>");
+        }
+        Riga("</TR>");
+        Carica(kRiga);
+        ControllaPagina(kTabellaDati);
+    }
+    Riga("</TABLE><BR>");
+    if (t.totale) {
+        Spazio();
+        Riga("<SPAN class='sectionwords'>" + t.totale->first + Nbsp(4) + t.totale->second + "</SPAN><BR>");
+        Carica(kRiga);
+        ControllaPagina();
+    }
+}
+
+void ScrittoreHtml::Computo(const ComputoRelazione& c) {
+    TitoloSezione(TITOLO_COMPUTO);
+    const int larghezzaDN = 170 / 14 + 25;
+    for (const MaterialeComputo& m : c.materiali) {
+        Spazio();
+        Spazio();
+        Spazio();
+        Riga("<SPAN class='sectiontitlewords'>Tipo tubazione:</SPAN>" + Nbsp(4));
+        Riga("<SPAN class='sectionwords'>" + m.nome + "</SPAN><BR>");
+        Carica(kRiga);
+        ControllaPagina();
+        Spazio();
+        Riga("<SPAN class='sectiontitlewords'>Descrizione:</SPAN><BR>");
+        Carica(kRiga);
+        ControllaPagina();
+        Riga("<SPAN class='sectionwords'>" + m.descrizione + "</SPAN><BR>");
+        Carica(kRiga);
+        ControllaPagina();
+        Spazio();
+        if (m.acciaio) {
+            Riga("<SPAN class='sectionwords'>Peso totale:</SPAN>" + Nbsp(4));
+            Riga("<SPAN class='sectionwords'>" + m.peso + " Kg</SPAN><BR>");
+            Carica(kRiga);
+            ControllaPagina();
+            Spazio();
+        }
+        if (spazio_ - kRigaDN <= 0) {
+            Carica(kRigaDN);
+            ControllaPagina(kTabellaDN);
+        }
+        Riga("<TABLE align='left' cellspacing=0 style='width:" + std::to_string(larghezzaDN) + "mm;'>");
+        Riga("<TD class='rowtitlefirst'>DN</TD>");
+        for (const auto& [dn, mt] : m.diametri) Riga("<TD class='allbordertitle'> " + Sinistra(dn, 7) + "</TD>");
+        Carica(kRigaDN);
+        ControllaPagina(kTabellaDN);
+        Riga("<TD class='rowtitle'>mt</TD>");
+        for (const auto& [dn, mt] : m.diametri) Riga("<TD class='allborder'> " + mt + "</TD>");
+        Riga("</TABLE><BR>");
+        Carica(kRigaDN);
+        ControllaPagina();
+        Spazio();
+    }
+    Spazio();
+    Spazio();
+    Spazio();
+    if (!c.pesoAcciaio.empty()) {
+        Riga("<SPAN class='sectiontitlewords'>Peso totale tubazioni in acciaio:</SPAN>" + Nbsp(4));
+        Riga("<SPAN class='sectionwords'>" + c.pesoAcciaio + " Kg</SPAN><BR>");
+        Carica(kSpaziatura);
+        ControllaPagina();
+    }
+}
+
+void ScrittoreHtml::Tenuta(const std::vector<VoceTenuta>& voci) {
+    using T = VoceTenuta::Tipo;
+    auto testo = [&](const std::string& s, bool aCapo) {
+        Riga("<span class=\"sectionwords\">" + s + "</span>" + (aCapo ? "<br>" : ""));
+    };
+    for (const VoceTenuta& v : voci) {
+        switch (v.tipo) {
+            case T::Spazio: Spazio(); break;
+            case T::Titolo:
+                Riga("<CENTER><SPAN class='tabletitle'>" + v.testo + "</SPAN></CENTER>");
+                Carica(kTitolo);
+                ControllaPagina();
+                break;
+            case T::Intestazione:
+                Riga(kGrassetto);
+                testo(v.testo, true);
+                Riga("</span>");
+                break;
+            case T::Riga: testo(v.testo, true); break;
+            case T::Elenco: {
+                Riga("<TABLE align='CENTER' cellspacing=0 class='datatablenoborder' border='0'>");
+                Riga("<td width=50%></td><td width=50%></td>");
+                for (size_t k = 0; k < v.elementi.size(); ++k) {
+                    if (k % 2 == 0) Riga("<tr>");
+                    Riga("<td>" + v.elementi[k] + "</td>");
+                    if (k % 2 == 1) Riga("</tr>");
+                }
+                Riga("</TABLE>");
+                break;
+            }
+            case T::Apparecchi: {
+                Riga("<TABLE align='CENTER' cellspacing=0 class='datatablenoborder' border='0'>");
+                Riga("<td width=5%></td><td width=45%></td><td width=5%></td><td width=45%></td>");
+                for (size_t k = 0; k < v.coppie.size(); ++k) {
+                    if (k % 2 == 0) Riga("<tr>");
+                    Riga("<td>" + v.coppie[k].first + "</td><td>" + v.coppie[k].second + "</td>");
+                    // An odd last item stands alone in its row.
+                    if (k % 2 == 0 && k + 1 == v.coppie.size()) Riga("<td></td>");
+                    if (k % 2 == 1 || k + 1 == v.coppie.size()) Riga("</tr>");
+                }
+                Riga("</TABLE>");
+                break;
+            }
+            case T::Firme:
+                Riga("<table><tr>");
+                for (const std::string& s : v.elementi) {
+                    Riga("<td width=50% align=center>");
+                    Riga(kGrassetto);
+                    testo(s, false);
+                    Riga("</span>");
+                    Riga("</td>");
+                }
+                Riga("</tr></table>");
+                break;
+        }
+    }
+}
+
+// The schema on a page of its own, numbered after the pages already written (1 when it is
+// the only section).
+void ScrittoreHtml::PaginaSchema(const std::string& fileSchema, bool altreSezioni) {
+    if (!altreSezioni) pagina = static_cast<int16_t>(pagina - 1);
+    const int16_t q = pagina;
+    const int16_t p = static_cast<int16_t>(Posizione(q + 1L));
+    IntestazioneDi(p, "' width='80' height='40'>", "mm; width:170mm'>");
+    Riga("<IMG src='" + NomeFile(fileSchema) + "' align='middle' style='width:200mm'></IMG><BR>");
+    Riga(kSpazio);
+    Carica(kSpaziatura);
+    Riga("<TABLE align='center'>");
+    Riga("<TR style='font-family:Arial; font-size:3.5mm;'>");
+    Riga("<TD style='text-align:left'>" + d_.NomeFileProgetto + " - Riferimento: " + Sinistra(d_.Riferimento, 70) +
+         "</TD>");
+    Riga("</TR>");
+    Riga("</TABLE>");
+    Riga("</DIV>");
+    PiePaginaDi(p, Posizione(Posizione(static_cast<long>(q) * kPasso) + 265L));
+}
+
+void ScrittoreHtml::Epilogo() {
+    Riga("</BODY>");
+    Riga("</HTML>");
+}
+
+}  // namespace
+
+EsitoStampa PrintHTMLFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
+                          Avanzamento& av, Messaggi& msg, const SalvaSchema& schema) {
+    const ReportSelection& s = o.selezione;
+    Esecuzione run(s, av);
+    FileRelazione f;
+    EsitoStampa esito;
+    try {
+        run.Inizia(Fase::APERTURA, "Stampa su file HTML");
+        f.Apri(percorso);
+        ScrittoreHtml w(f, d, o, av);
+        w.Prologo();
+        CalcolaRete(d, a, msg);
+        const bool testo = s.AltreDalloSchema();
+        if (testo) w.Intestazione();
+        int scritte = 0;
+        if (s.Copertina) {
+            run.Inizia(Fase::COPERTINA, "Frontespizio");
+            const CopertinaRelazione c = Copertina(d, a);
+            w.Copertina(c);
+            w.NuovaPagina();
+            ++scritte;
+            run.Avanza();
+        }
+        if (s.Tronchi) {
+            run.Inizia(Fase::TRONCHI, "Tabella dati tronchi");
+            const TabellaRelazione t = TabellaTronchi(d, a);
+            w.Tabella(t);
+            ++scritte;
+            run.Avanza();
+        }
+        if (s.PDCLocalizzate) {
+            run.Inizia(Fase::PERDITE, "Tabella PDC localizzate");
+            const std::vector<TabellaRelazione> tabelle = TabellePerdite(d, a);
+            if (scritte > 0) w.Separatore();
+            for (const TabellaRelazione& t : tabelle) w.Tabella(t);
+            ++scritte;
+            run.Avanza();
+        }
+        if (s.Verifica) {
+            run.Inizia(Fase::PERCORSO, "Verifica percorso piu' sfavorito");
+            const TabellaRelazione t = TabellaPercorso(d, a);
+            if (scritte > 0) w.Separatore();
+            w.Tabella(t);
+            ++scritte;
+            run.Avanza();
+        }
+        if (s.Utenze) {
+            run.Inizia(Fase::UTENZE, "Riepilogo utenze");
+            const TabellaRelazione t = TabellaUtenze(d, a);
+            if (scritte > 0) w.Separatore();
+            w.Tabella(t);
+            ++scritte;
+            run.Avanza();
+        }
+        if (s.Computo) {
+            run.Inizia(Fase::COMPUTO, "Calcolo totale computo ");
+            const ComputoRelazione c = Computo(d, a);
+            run.Inizia(Fase::COMPUTO, "Tabella totale computo ");
+            if (scritte > 0) w.Separatore();
+            w.Computo(c);
+            ++scritte;
+            run.Avanza();
+        }
+        if (s.TenutaImpianto) {
+            run.Inizia(Fase::TENUTA, "Verifica Tenuta impianto");
+            AggiornaTenuta(d);
+            // The record always starts a page of its own, unless it is the first section.
+            if (scritte > 0) w.NuovaPagina();
+            w.Tenuta(TenutaRelazione(d.Tenuta, d.GasCorrente.Nome));
+            ++scritte;
+            run.Avanza();
+        }
+        if (testo) w.PiePagina();
+        if (s.DiagrammaRete && schema) {
+            run.Inizia(Fase::SCHEMA, "DiagrammaRete");
+            const std::string file = FileSchema(d, percorso, true);
+            schema(file);
+            w.PaginaSchema(file, testo);
+            run.Avanza();
+        }
+        w.Epilogo();
+        if (o.logo) CopiaLogo(a, percorso);
+        f.Chiudi();
+    } catch (const ErroreEsecuzione& e) {
+        esito = {false, run.fase, e.Codice(), e.what()};
+    } catch (const std::exception& e) {
+        esito = {false, run.fase, CodiceErrore::INTERNO, e.what()};
+    }
+    return esito;
+}
+
+}  // namespace fornax
