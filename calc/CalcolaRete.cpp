@@ -37,8 +37,10 @@ void Motore::ReteInterna() {
     AccumulaLunghezze(1, 0.0f);
     DimensionaRete();
     AccumulaPerdite(1, 0.0f);
-    while (RiduciDiametri(1) > 0) {
-    }
+    s_.Riduzione = {};
+    do {
+        ++s_.Riduzione.passate;
+    } while (RiduciDiametri(1) > 0);
     AccumulaPerdite(1, 0.0f);
     AggiornaVelocita();
     d_.ReteModificata = VERO;

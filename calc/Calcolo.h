@@ -36,6 +36,13 @@ struct RigaCalcolo {
 struct StatoCalcolo {
     std::array<RigaCalcolo, MAX_TRONCHI + 1> Tabella{};
     VList Lista;
+    // What the narrowing sweep of the last run of an internal installation did: sweeps over the
+    // tree, trials of a narrower row, trials kept.
+    struct {
+        int passate = 0;
+        int prove = 0;
+        int riduzioni = 0;
+    } Riduzione;
 };
 
 // The whole run, on slot 1 of the document. `msg` receives the one message a run may show.

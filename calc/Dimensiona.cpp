@@ -179,10 +179,13 @@ int Motore::RiduciDa(int i) {
         const float dDx = destra > 0 ? DiametroTronco(a_, T(destra)) : 0.0f;
         if (dmm > dSx && dmm > dDx && riga > 1) {
             cambiati = 1;
+            ++s_.Riduzione.prove;
             ImpostaRiga(i, riga - 1);
             if (!LimitiRispettati(a_, d_)) {
                 cambiati = 0;
                 ImpostaRiga(i, riga);
+            } else {
+                ++s_.Riduzione.riduzioni;
             }
         }
     }
