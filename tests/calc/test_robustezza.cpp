@@ -119,6 +119,23 @@ TEST_P(Robustezza, CollegamentiCheTornanoIndietro) {
     Leggi();
 }
 
+TEST_P(Robustezza, NodoTerminaleStaccatoOffertoUnaVoltaSola) {
+    // 3 was cut off the tree with its two consumers: it is still a terminal junction, of
+    // weight 0, and sizing can't size it with nothing to share out. It must not be offered
+    // again and again.
+    Sezione(0, 0);
+    Sezione(1, 2.0f);
+    Sezione(0, 0);
+    Sezione(3, 1.0f);
+    Sezione(3, 1.0f);
+    d->T(3).ID_SCOLLEGATO = VERO;
+    CalcolaRete(*d, *a, msg);
+    EXPECT_FALSE(d->T(1).ID_DIAMETRO.empty());
+    EXPECT_FALSE(d->T(2).ID_DIAMETRO.empty());
+    for (int i : {3, 4, 5}) EXPECT_EQ(d->T(i).Visitato, FALSO) << i;
+    Leggi();
+}
+
 TEST_P(Robustezza, DerivazioneOltreLaTabellaTolta) {
     Albero();
     d->T(3).ID_LEFT = 9;   // beyond NumTronchi + 1: a stale link
