@@ -12,9 +12,9 @@ namespace fornax {
 namespace {
 
 constexpr double kAtmosfera = 101325.0;  // Pa
-constexpr int kErroriMassimi = 50;       // rounds of the outlet-pressure iteration
+constexpr int kGiriMassimi = 50;         // rounds of the outlet-pressure iteration
 
-// The friction factor's constants are single-precision values in the product.
+// The friction factor has always carried its constants in single precision.
 constexpr double kNik1 = static_cast<double>(0.221f);
 constexpr double kNik2 = static_cast<double>(0.0032f);
 constexpr double kNikEsp = static_cast<double>(-0.237f);
@@ -122,8 +122,8 @@ double PressioneValleIterata(const Documento& d, float P1, float Q, float D, flo
         precedente = p2Nuovo;
         ++n;
         const double errore = std::fabs(p2Nuovo / p2 - 1.0);
-        if (errore <= 0.0001) return n < kErroriMassimi ? p2Nuovo : migliore;
-        if (n >= kErroriMassimi) return migliore;
+        if (errore <= 0.0001) return n < kGiriMassimi ? p2Nuovo : migliore;
+        if (n >= kGiriMassimi) return migliore;
     }
 }
 

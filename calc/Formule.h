@@ -6,10 +6,10 @@
 // inside the formulas (atmospheric 101325 Pa). D is the inner diameter in metres (the row's
 // inner diameter in mm divided by 1000, as a float); Dmm is the same in mm.
 //
-// Widths: every argument and every returned value that the product keeps in single precision
-// is a float; intermediates are double. The literals are exactly those of the product's
-// formulas; several approximations of pi live side by side on purpose, since they show in
-// the last digits of the printed results.
+// Widths: every argument and every returned value kept in single precision is a float;
+// intermediates are double. The literals are exactly those the formulas have always had;
+// several approximations of pi live side by side on purpose, since they show in the last
+// digits of the printed results.
 
 #include <cstdint>
 

@@ -7,7 +7,7 @@ stores it. Run it to print the values the tests in tests/calc/ expect:
     python3 tests/calc/tools/riferimento.py
 
 Each network below is described the same way the C++ tests build it (same materials, gas,
-fittings and counts), and the sizing follows the product's rules step by step.
+fittings and counts), and the sizing follows the rules of the calculation step by step.
 """
 
 import math
