@@ -1,0 +1,84 @@
+// The report of a 400-section project written to a file, as the print dialog writes it: a
+// block of a hundred floors, each with a feed, a boiler and a cooker. The run calculates the
+// network first and writes every section but the schema.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <unistd.h>
+
+#include "archives/Materiali.h"
+#include "core/ServiziProva.h"
+#include "core/documento/Sessione.h"
+#include "leaktest/AperturaTenuta.h"
+#include "reports/Stampa.h"
+
+using namespace fornax;
+
+namespace {
+
+struct Condominio {
+    std::unique_ptr<Archivi> a = std::make_unique<Archivi>();
+    std::unique_ptr<Documento> d = std::make_unique<Documento>();
+    MessaggiRegistrati msg;
+    AvanzamentoNullo av;
+    OpzioniStampa o;
+    std::string uscita = "/tmp/fornax-bench-relazione-" + std::to_string(::getpid());
+
+    Condominio() {
+        CaricaArchivi(*a, *d, FORNAX_BUILD_DATA_DIR, av, msg);
+        d->Riferimento = "Condominio di cento piani";
+        int montante = 0;
+        for (int piano = 1; d->NumTronchi() + 4 <= MAX_TRONCHI; ++piano) {
+            montante = Sezione(montante, "ACCIAIOM", 0.0f, 3.0f, 0);
+            const int app = Sezione(montante, "RAME-B", 0.0f, 2.5f, 0);
+            Sezione(app, "RAME-B", 2.54f, 4.0f, TipoUtenza::CALDAIA);
+            Sezione(app, "RAME-B", 0.86f, 3.0f, TipoUtenza::FORNELLO);
+        }
+        StatoPaginaTenuta pagina;
+        ApriPaginaTenuta(*d, *a, pagina, msg);
+        o.selezione = ReportSelection::DaLettere("AABAAAAA");
+        o.DataStampa = "01/02/2026";
+        o.DittaRiga1 = "Studio Termotecnico Rossi";
+        o.DittaRiga2 = "Via Roma 1, Milano";
+    }
+    ~Condominio() {
+        std::remove((uscita + ".html").c_str());
+        std::remove((uscita + ".txt").c_str());
+    }
+    int Sezione(int padre, const char* materiale, float utenza, float lunghezza, int16_t tipo) {
+        const int i = ++d->rete().NumTronchi;
+        Tronco& t = d->T(i);
+        t.ID_PREV = static_cast<int16_t>(padre);
+        t.ID_MATERIALE = materiale;
+        t.IndiceMateriale = static_cast<int16_t>(IndiceMateriale(*a, materiale));
+        t.ID_P_UTENZE = utenza;
+        t.ID_LEN = lunghezza;
+        t.ID_TIPOUTENZA = tipo;
+        t.ID_NCURVE = 2;
+        if (padre > 0) (d->T(padre).ID_LEFT == 0 ? d->T(padre).ID_LEFT : d->T(padre).ID_RIGHT) = static_cast<int16_t>(i);
+        return i;
+    }
+};
+
+void BM_RelazioneHtml400(benchmark::State& s) {
+    Condominio c;
+    for (auto _ : s) {
+        const EsitoStampa e = PrintHTMLFile(*c.d, *c.a, c.o, c.uscita + ".html", c.av, c.msg);
+        if (!e.riuscita) s.SkipWithError(e.descrizione.c_str());
+    }
+    s.counters["tronchi"] = c.d->NumTronchi();
+}
+BENCHMARK(BM_RelazioneHtml400)->Unit(benchmark::kMillisecond);
+
+void BM_RelazioneTesto400(benchmark::State& s) {
+    Condominio c;
+    for (auto _ : s) {
+        const EsitoStampa e = PrintTXTFile(*c.d, *c.a, c.o, c.uscita + ".txt", c.av, c.msg);
+        if (!e.riuscita) s.SkipWithError(e.descrizione.c_str());
+    }
+}
+BENCHMARK(BM_RelazioneTesto400)->Unit(benchmark::kMillisecond);
+
+}  // namespace
