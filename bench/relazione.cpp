@@ -25,9 +25,10 @@ struct Condominio {
     AvanzamentoNullo av;
     OpzioniStampa o;
     std::string uscita = "/tmp/fornax-bench-relazione-" + std::to_string(::getpid());
+    bool pronto = false;  // the program folder of the build, column file included
 
     Condominio() {
-        CaricaArchivi(*a, *d, FORNAX_BUILD_DATA_DIR, av, msg);
+        pronto = CaricaArchivi(*a, *d, FORNAX_BUILD_DATA_DIR, av, msg);
         d->Riferimento = "Condominio di cento piani";
         int montante = 0;
         for (int piano = 1; d->NumTronchi() + 4 <= MAX_TRONCHI; ++piano) {
@@ -64,6 +65,7 @@ struct Condominio {
 
 void BM_RelazioneHtml400(benchmark::State& s) {
     Condominio c;
+    if (!c.pronto) s.SkipWithError("cartella del programma senza gridgas.cne: costruire prima fornax_data");
     for (auto _ : s) {
         const EsitoStampa e = PrintHTMLFile(*c.d, *c.a, c.o, c.uscita + ".html", c.av, c.msg);
         if (!e.riuscita) s.SkipWithError(e.descrizione.c_str());
@@ -74,6 +76,7 @@ BENCHMARK(BM_RelazioneHtml400)->Unit(benchmark::kMillisecond);
 
 void BM_RelazioneTesto400(benchmark::State& s) {
     Condominio c;
+    if (!c.pronto) s.SkipWithError("cartella del programma senza gridgas.cne: costruire prima fornax_data");
     for (auto _ : s) {
         const EsitoStampa e = PrintTXTFile(*c.d, *c.a, c.o, c.uscita + ".txt", c.av, c.msg);
         if (!e.riuscita) s.SkipWithError(e.descrizione.c_str());
