@@ -34,6 +34,7 @@ void FileRelazione::Apri(const std::string& percorso) {
 
 void FileRelazione::Scrivi(std::string_view byte) {
     if (f_ == nullptr) Fallisci(CodiceErrore::IO);
+    if (byte.empty()) return;
     if (std::fwrite(byte.data(), 1, byte.size(), f_) != byte.size()) Fallisci(CodiceErrore::IO);
 }
 
