@@ -153,11 +153,14 @@ private:
     double spazio_ = kAltezzaPagina;
 };
 
-// A 16-bit position on the page stack: past its range the run fails (about page 114).
+// A 16-bit quantity of the page stack: past its range the run fails (about page 114).
 int Posizione(long v) {
     if (v < -32768 || v > 32767) Fallisci(CodiceErrore::OVERFLOW_);
     return static_cast<int>(v);
 }
+
+// The position of a DIV of page p: `scarto` millimetres below the top of the page.
+int Sotto(int16_t p, int scarto) { return Posizione(Posizione(static_cast<long>(p - 1) * kPasso) + scarto); }
 
 void ScrittoreHtml::Prologo() {
     Riga("<HTML>");
@@ -181,7 +184,7 @@ std::string ScrittoreHtml::NomeBase() const {
 }
 
 void ScrittoreHtml::IntestazioneDi(int16_t p, const char* chiusuraLogo, const std::string& coda) {
-    const int top = p <= 1 ? 1 : Posizione(static_cast<long>(Posizione(static_cast<long>(p - 1) * kPasso)));
+    const int top = p <= 1 ? 1 : Sotto(p, 0);
     Riga("<DIV class='headerpage' style='top:" + std::to_string(top) + "mm'>");
     Riga("<TABLE align='CENTER'>");
     Riga("<TR>");
@@ -195,8 +198,7 @@ void ScrittoreHtml::IntestazioneDi(int16_t p, const char* chiusuraLogo, const st
     Riga("</TABLE>");
     Riga(kRigaOrizzontale);
     Riga("</DIV>");
-    const int corpo = Posizione(Posizione(static_cast<long>(p - 1) * kPasso) + 17L);
-    Riga("<DIV class='bodypage' style='top:" + std::to_string(corpo) + coda);
+    Riga("<DIV class='bodypage' style='top:" + std::to_string(Sotto(p, 17)) + coda);
 }
 
 void ScrittoreHtml::Intestazione() { IntestazioneDi(pagina, "' width='80' height='40' >", "mm'>"); }
@@ -216,7 +218,7 @@ void ScrittoreHtml::PiePaginaDi(int16_t p, int posizione) {
 
 void ScrittoreHtml::PiePagina() {
     Riga("</DIV>");  // the body
-    PiePaginaDi(pagina, Posizione(Posizione(static_cast<long>(pagina - 1) * kPasso) + 265L));
+    PiePaginaDi(pagina, Sotto(pagina, 265));
 }
 
 void ScrittoreHtml::NuovaPagina() {
@@ -467,7 +469,7 @@ void ScrittoreHtml::PaginaSchema(const std::string& fileSchema, bool altreSezion
     Riga("</TR>");
     Riga("</TABLE>");
     Riga("</DIV>");
-    PiePaginaDi(p, Posizione(Posizione(static_cast<long>(q) * kPasso) + 265L));
+    PiePaginaDi(p, Sotto(p, 265));
 }
 
 void ScrittoreHtml::Epilogo() {
@@ -484,7 +486,6 @@ EsitoStampa PrintHTMLFile(Documento& d, Archivi& a, const OpzioniStampa& o, cons
     FileRelazione f;
     EsitoStampa esito;
     try {
-        run.Inizia(Fase::APERTURA, "Stampa su file HTML");
         f.Apri(percorso);
         ScrittoreHtml w(f, d, o, av);
         w.Prologo();

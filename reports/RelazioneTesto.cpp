@@ -150,7 +150,6 @@ EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const
     FileRelazione f;
     EsitoStampa esito;
     try {
-        run.Inizia(Fase::APERTURA, "Stampa su file TXT");
         f.Apri(percorso);
         ScrittoreTxt w(f);
         CalcolaRete(d, a, msg);
