@@ -371,7 +371,8 @@ CopertinaRelazione Copertina(const Documento& d, const Archivi& a) {
     if (!c.pressione) {
         c.limite = LimitePdc(a, d);
         c.limitePa = FormattaNumero(c.limite, " ##0  Pa");
-        c.limiteMbar = FormattaNumero(c.limite / 100.0, "##0.00 mbar");
+        // Single precision divided by a whole number stays single precision.
+        c.limiteMbar = FormattaNumero(static_cast<float>(c.limite / 100.0), "##0.00 mbar");
         c.portataTotale = FormattaNumero(primo.ID_P_TRONCO, " ##0.0  Nmc/h");
         return c;
     }
@@ -387,10 +388,11 @@ CopertinaRelazione Copertina(const Documento& d, const Archivi& a) {
     for (int i = 1; i <= d.NumTronchi(); ++i) massima = std::max(massima, d.T(i).ID_VELOCITA);
     c.velCalcolata = massima;
     c.velocitaCalcolata = FormattaNumero(c.velCalcolata, " ##0.00  m/s");
-    // The flow of the whole network undoes the contemporaneity of its first section.
-    const double quota = primo.ID_CONTEMP / 100.0;
+    // The flow of the whole network undoes the contemporaneity of its first section; the
+    // quotient of whole numbers and single values is a single value.
+    const float quota = static_cast<float>(primo.ID_CONTEMP / 100.0);
     if (quota == 0) Fallisci(primo.ID_P_TRONCO == 0 ? CodiceErrore::OVERFLOW_ : CodiceErrore::DIVISIONE_PER_ZERO);
-    c.qTotale = static_cast<double>(primo.ID_P_TRONCO) / quota;
+    c.qTotale = static_cast<float>(static_cast<double>(primo.ID_P_TRONCO) / quota);
     c.portataNominale = FormattaNumero(c.qTotale, " ##0.0  Nmc/h");
     c.portataContemporanea = FormattaNumero(c.qContemporanea, " ##0.0  Nmc/h");
     return c;
