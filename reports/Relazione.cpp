@@ -225,7 +225,8 @@ RigaRelazione Riga(const Documento& d, const Archivi& a, const Regole& r, int se
     for (size_t c = 0; c < colonne.size(); ++c) {
         if (c == 0) {
             // Column 0 is always the section's number.
-            riga.valori.push_back(Sinistra(Trim(FormattaNumero(sezione, colonne[0].formato)), colonne[0].budget));
+            const Valore numero = static_cast<int16_t>(sezione);
+            riga.valori.push_back(Sinistra(Trim(Formatta(numero, colonne[0].formato)), colonne[0].budget));
         } else {
             riga.valori.push_back(Cella(d, a, r, sezione, colonne[c]));
         }
