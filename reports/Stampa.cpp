@@ -51,6 +51,12 @@ bool ControllaLogo(const std::string& cartellaProgramma, Messaggi& msg) {
     return true;
 }
 
+bool UscitaConfermata(const std::string& percorso, Messaggi& msg) {
+    if (percorso.empty()) return false;
+    if (!EsisteFile(percorso)) return true;
+    return msg.Mostra(DOMANDA_SOVRASCRIVI, Box::YESNO | Box::QUESTION, "Sovrascrivere") == Risposta::YES;
+}
+
 namespace {
 
 bool Chiudi(const EsitoStampa& e, const std::string& apertura, const std::string& successo, Messaggi& msg) {

@@ -62,4 +62,8 @@ bool StampaTXT(Documento& d, Archivi& a, const OpzioniStampa& o, const std::stri
 constexpr const char* DOMANDA_SOVRASCRIVI =
     "Un file con lo stesso nome è gia presente nella cartella selezionata.\nSi desidera sovrascriverlo?";
 
+// The chosen output: a file that exists is replaced only when the user answers Yes to the
+// question above (title "Sovrascrivere"). False means the run ends silently.
+bool UscitaConfermata(const std::string& percorso, Messaggi& msg);
+
 }  // namespace fornax

@@ -546,6 +546,22 @@ TEST_F(Corsa, UnErroreFermaLaCorsaELasciaIlFileComEra) {
     EXPECT_EQ(msg.mostrati[0].flags, Box::INFORMATION);
 }
 
+TEST_F(Corsa, UnFileEsistenteSiSostituisceSoloConSi) {
+    MessaggiRegistrati msg;
+    EXPECT_TRUE(UscitaConfermata(p.uscita.Percorso("nuovo.html"), msg));
+    EXPECT_TRUE(msg.mostrati.empty());
+    EXPECT_FALSE(UscitaConfermata("", msg));  // no name: the run ends silently
+    p.uscita.ScriviByte("c'era.html", "x");
+    msg.risposte = {Risposta::NO, Risposta::YES};
+    EXPECT_FALSE(UscitaConfermata(p.uscita.Percorso("c'era.html"), msg));
+    EXPECT_TRUE(UscitaConfermata(p.uscita.Percorso("c'era.html"), msg));
+    ASSERT_EQ(msg.mostrati.size(), 2u);
+    EXPECT_EQ(msg.mostrati[0].testo,
+              "Un file con lo stesso nome è gia presente nella cartella selezionata.\nSi desidera sovrascriverlo?");
+    EXPECT_EQ(msg.mostrati[0].titolo, "Sovrascrivere");
+    EXPECT_EQ(msg.mostrati[0].flags, Box::YESNO | Box::QUESTION);
+}
+
 TEST_F(Corsa, LaCorsaRicalcolaPrimaDiStampare) {
     // Results left stale in the document never reach the report.
     for (int i = 1; i <= p.d.NumTronchi(); ++i) {
