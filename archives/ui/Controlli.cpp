@@ -1,0 +1,34 @@
+#include "archives/ui/Controlli.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+
+#include "core/Numeri.h"
+
+namespace fornax::ui {
+
+QValidator* FiltroNumerico(QObject* padre) {
+    return new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9.,]*")), padre);
+}
+
+QString TestoNumero(double v, int cifre) { return Q(TestoGenerale(v, cifre)); }
+
+double NumeroDi(const QString& testo) { return LeggiNumero(S(testo)); }
+
+void RiempiComboPressioni(QComboBox* combo, const QString& prima) {
+    combo->clear();
+    combo->addItem(prima);
+    for (int p = 10; p <= 500; p += 10) combo->addItem(QString::number(p));
+}
+
+void SelezionaTesto(QComboBox* combo, const QString& testo) {
+    const int i = combo->findText(testo.trimmed(), Qt::MatchFixedString);
+    if (i >= 0) {
+        combo->setCurrentIndex(i);
+    } else if (combo->isEditable()) {
+        combo->setEditText(testo);
+    }
+}
+
+}  // namespace fornax::ui

@@ -1,0 +1,105 @@
+#include "core/ui/Avvio.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QTimer>
+#include <memory>
+
+#include "archives/ui/Controlli.h"
+#include "core/ImpostazioniFile.h"
+#include "core/Numeri.h"
+#include "core/Testo.h"
+#include "core/documento/Sessione.h"
+#include "core/ui/MessaggiQt.h"
+#include "core/ui/frmMainForm.h"
+#include "core/ui/frmSplash.h"
+#include "editing/ui/GasGrid.h"
+
+namespace fornax::ui {
+
+namespace {
+
+// What lives from start-up to exit.
+struct Programma {
+    Archivi a;
+    Documento d;
+    ImpostazioniFile imp;
+    Sessione s{imp};
+    MessaggiQt msg;
+};
+
+// The lock that keeps one session per user.
+QString FileBlocco() {
+    QString cartella = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (cartella.isEmpty()) cartella = QDir::tempPath();
+    const QString utente = qEnvironmentVariable("USER", QStringLiteral("utente"));
+    return QDir(cartella).filePath(QStringLiteral("fornax-%1.lock").arg(utente));
+}
+
+}  // namespace
+
+QString PercorsoDaRigaComandi(const QStringList& argomenti) {
+    QString riga = argomenti.join(QLatin1Char(' ')).trimmed();
+    if (riga.startsWith(QLatin1Char('"'))) riga.remove(0, 1);
+    if (riga.endsWith(QLatin1Char('"'))) riga.chop(1);
+    return riga;
+}
+
+int Main(QApplication& app, const std::string& cartellaProgramma) {
+    QLockFile blocco(FileBlocco());
+    blocco.setStaleLockTime(0);
+    if (!blocco.tryLock(100)) {
+        QMessageBox::information(nullptr, QStringLiteral("Fornax"), QStringLiteral("E' gia' aperta una sessione di Fornax."));
+        return 0;
+    }
+
+    auto p = std::make_unique<Programma>();
+    auto splash = std::make_unique<frmSplash>(false);
+    splash->show();
+    QCoreApplication::processEvents();
+    splash->WriteVersionInfo();
+    splash->ImpostaPasso(1);
+    AvanzamentoSplash av(splash.get());
+    p->msg.ImpostaPadre(splash.get());
+    if (!CaricaArchivi(p->a, p->d, cartellaProgramma, av, p->msg)) return 1;
+    p->s.mru.Setup("MRUFileList", 4);
+    p->s.mru.Load();
+
+    av.Testo("Preparazione finestre");
+    av.Passo(3);
+    frmMainForm form(p->d, p->a, p->s, p->msg);
+    p->msg.ImpostaPadre(&form);
+    form.show();
+    av.Testo("");
+    splash->close();
+    splash.reset();
+
+    // The project named on the command line.
+    const QString comando = PercorsoDaRigaComandi(app.arguments().mid(1));
+    if (!comando.isEmpty()) {
+        if (QFileInfo::exists(comando)) {
+            form.ApriPercorso(comando);
+        } else {
+            p->msg.Mostra("Il File " + S(comando) + "non esiste o non e' valido");
+        }
+    }
+    // Speed and pressures start from the defaults, also for the project just opened.
+    const TestiDefault& def = p->a.Default;
+    p->d.VelocitaMassima = Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
+    p->d.PressioneIniziale = Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
+    p->d.PressioneFinale = Trim(def.DefaultPressioneFinale).empty() ? 150.0 : LeggiNumero(def.DefaultPressioneFinale);
+    if (form.ProgettoAperto()) {
+        form.FinestraDocumento()->InitInitialPressureCombo();
+        form.FinestraDocumento()->Elaborazione();
+    }
+    p->s.AvvioCompletato = VERO;
+
+    if (!form.ProgettoAperto()) QTimer::singleShot(0, &form, [&form] { form.MostraAttivita(); });
+    return app.exec();
+}
+
+}  // namespace fornax::ui

@@ -1,0 +1,597 @@
+#include "core/ui/frmMainForm.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTableView>
+#include <QToolBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "archives/Pdc.h"
+#include "archives/Speciali.h"
+#include "archives/ui/Controlli.h"
+#include "archives/ui/Parametri.h"
+#include "archives/ui/frmDefaultValue.h"
+#include "archives/ui/frmPDC.h"
+#include "archives/ui/frmSpeciali.h"
+#include "core/Cartelle.h"
+#include "core/Numeri.h"
+#include "core/Testo.h"
+#include "core/ui/Icone.h"
+#include "core/ui/frmAttivita.h"
+#include "core/ui/frmSplash.h"
+#include "editing/ui/GasGrid.h"
+
+namespace fornax::ui {
+
+namespace {
+
+// The labels of Qt's own file dialog, in Italian.
+void Italiano(QFileDialog& f, const QString& conferma) {
+    f.setLabelText(QFileDialog::LookIn, QStringLiteral("Cerca in:"));
+    f.setLabelText(QFileDialog::FileName, QStringLiteral("Nome file:"));
+    f.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo file:"));
+    f.setLabelText(QFileDialog::Accept, conferma);
+    f.setLabelText(QFileDialog::Reject, QStringLiteral("Annulla"));
+}
+
+// A wait cursor for the time of a long piece of work.
+class Attesa {
+public:
+    Attesa() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Attesa() { QApplication::restoreOverrideCursor(); }
+    Attesa(const Attesa&) = delete;
+    Attesa& operator=(const Attesa&) = delete;
+};
+
+}  // namespace
+
+frmMainForm::frmMainForm(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre)
+    : QMainWindow(padre), d_(d), a_(a), s_(s), msg_(msg) {
+    setObjectName(QStringLiteral("frmMainForm"));
+    s_.RicalcoloAutomatico = VERO;
+    s_.CursorLocked = FALSO;
+    s_.Titolo = "Fornax";
+    DialogoApri = [this] { return ChiediFileApri(); };
+    DialogoSalva = [this] { return ChiediFileSalva(); };
+
+    centro_ = new QStackedWidget(this);
+    vuoto_ = new QWidget(centro_);
+    auto* lv = new QVBoxLayout(vuoto_);
+    auto* invito = new QLabel(QStringLiteral("<p style='font-size:15pt; color:#5a6b80'>Nessun progetto aperto</p>"
+                                             "<p style='color:#6b7785'>File &rarr; <b>Nuovo progetto</b> per un impianto "
+                                             "interno o una rete in pressione,<br>File &rarr; <b>Apri progetto...</b> "
+                                             "per un file .RTG esistente.</p>"),
+                              vuoto_);
+    invito->setAlignment(Qt::AlignCenter);
+    lv->addWidget(invito);
+    centro_->addWidget(vuoto_);
+    setCentralWidget(centro_);
+
+    CreaComandi();
+    lblStato = new QLabel(this);
+    statusBar()->addWidget(lblStato, 1);
+
+    const QRect schermo = screen() ? screen()->availableGeometry() : QRect(0, 0, 1366, 768);
+    resize(std::min(1280, schermo.width() - 40), std::min(800, schermo.height() - 40));
+    AggiornaTitolo();
+    AggiornaMRU();
+    AggiornaComandi();
+}
+
+frmMainForm::~frmMainForm() = default;
+
+void frmMainForm::CreaComandi() {
+    auto azione = [this](const QString& testo, Icona* icona, const QString& suggerimento,
+                         void (frmMainForm::*metodo)()) {
+        auto* act = icona ? new QAction(CreaIcona(*icona), testo, this) : new QAction(testo, this);
+        if (!suggerimento.isEmpty()) {
+            act->setToolTip(suggerimento);
+            act->setStatusTip(suggerimento);
+        }
+        connect(act, &QAction::triggered, this, metodo);
+        return act;
+    };
+    Icona nuovo = Icona::Nuovo, apri = Icona::Apri, salva = Icona::Salva, parametri = Icona::Parametri,
+          esci = Icona::Esci, guida = Icona::Guida, calcola = Icona::Calcola, automatico = Icona::RicalcoloAutomatico,
+          cursore = Icona::CursoreBloccato, diametri = Icona::DiametriBloccati, piu = Icona::ZoomPiu,
+          meno = Icona::ZoomMeno;
+
+    actNuovo = azione(QStringLiteral("&Nuovo progetto"), &nuovo, QStringLiteral("Nuovo progetto"), &frmMainForm::NuovoMnu);
+    actNuovo->setObjectName(QStringLiteral("NuovoMnu"));
+    actNuovo->setShortcut(QKeySequence::New);
+    actApri = azione(QStringLiteral("&Apri progetto..."), &apri, QStringLiteral("Apri File"), &frmMainForm::ApriMnu);
+    actApri->setObjectName(QStringLiteral("ApriMnu"));
+    actApri->setShortcut(QKeySequence::Open);
+    actSalva = azione(QStringLiteral("&Salva progetto"), &salva, QStringLiteral("Salva File"), &frmMainForm::SalvaMnu);
+    actSalva->setObjectName(QStringLiteral("SalvaMnu"));
+    actSalva->setShortcut(QKeySequence::Save);
+    actSalvaCome = azione(QStringLiteral("Salva &con nome..."), nullptr, QString(), &frmMainForm::SaveAsMnu);
+    actSalvaCome->setObjectName(QStringLiteral("SaveAsMnu"));
+    actParametri = azione(QStringLiteral("&Parametri di progetto..."), &parametri, QStringLiteral("Parametri Impianto"),
+                          &frmMainForm::ParametriMnu);
+    actParametri->setObjectName(QStringLiteral("ParametriMnu"));
+    actDefault = azione(QStringLiteral("&Valori di default ..."), nullptr, QString(), &frmMainForm::defaultValue);
+    actDefault->setObjectName(QStringLiteral("defaultValue"));
+    actEsci = azione(QStringLiteral("&Esci"), &esci, QStringLiteral("Esci"), &frmMainForm::EsciMnu);
+    actEsci->setObjectName(QStringLiteral("EsciMnu"));
+    actEqLen = azione(QStringLiteral("&Lungh. Equiv..."), nullptr, QString(), &frmMainForm::mnuEqLen);
+    actEqLen->setObjectName(QStringLiteral("mnuEqLen"));
+    actPdc = azione(QStringLiteral("&PDC predefinite..."), nullptr, QString(), &frmMainForm::mnuPreferenze);
+    actPdc->setObjectName(QStringLiteral("mnuPreferenze"));
+    actManuale = azione(QStringLiteral("&Manuale..."), &guida, QStringLiteral("Guida"), &frmMainForm::mnuManuale);
+    actManuale->setObjectName(QStringLiteral("mnuManuale"));
+    actManuale->setShortcut(QKeySequence::HelpContents);
+    actAbout = azione(QStringLiteral("&Informazioni..."), nullptr, QString(), &frmMainForm::AboutMnu);
+    actAbout->setObjectName(QStringLiteral("AboutMnu"));
+    actCalcola = azione(QStringLiteral("&Ricalcolo della Rete"), &calcola, QStringLiteral("Ricalcolo della Rete"),
+                        &frmMainForm::CommandCalculate);
+    actCalcola->setObjectName(QStringLiteral("CommandCalculate"));
+    actAutomatico = azione(QStringLiteral("Calcolo &automatico"), &automatico,
+                           QStringLiteral("Abilita o Disabilita il Calcolo Automatico"),
+                           &frmMainForm::CommandAutomaticRecalculate);
+    actAutomatico->setObjectName(QStringLiteral("CommandAutomaticRecalculate"));
+    actAutomatico->setCheckable(true);
+    actCursore = azione(QStringLiteral("&Blocca il cursore"), &cursore, QStringLiteral("Blocca o Sblocca il Cursore"),
+                        &frmMainForm::CommandCursorLocked);
+    actCursore->setObjectName(QStringLiteral("CommandCursorLocked"));
+    actCursore->setCheckable(true);
+    actDiametri = azione(QStringLiteral("Blocca tutti i &diametri"), &diametri,
+                         QStringLiteral("Blocco del Calcolo Automatico di Tutti i Diametri della Colonna"),
+                         &frmMainForm::cmdDiamLocked);
+    actDiametri->setObjectName(QStringLiteral("cmdDiamLocked"));
+    actDiametri->setCheckable(true);
+    actZoomPiu = azione(QStringLiteral("Zoom +"), &piu, QStringLiteral("Zoom +"), &frmMainForm::ZoomPiu);
+    actZoomPiu->setObjectName(QStringLiteral("Command6"));
+    actZoomMeno = azione(QStringLiteral("Zoom -"), &meno, QStringLiteral("Zoom -"), &frmMainForm::ZoomMeno);
+    actZoomMeno->setObjectName(QStringLiteral("Command7"));
+
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    file->addAction(actNuovo);
+    file->addAction(actApri);
+    file->addAction(actSalva);
+    file->addAction(actSalvaCome);
+    file->addSeparator();
+    file->addAction(actParametri);
+    file->addAction(actDefault);
+    file->addSeparator();
+    for (size_t i = 0; i < actRecenti.size(); ++i) {
+        auto* act = new QAction(this);
+        act->setObjectName(QStringLiteral("mnuMRU%1").arg(i + 1));
+        connect(act, &QAction::triggered, this, [this, act] {
+            const QString percorso = act->data().toString();
+            if (percorso.isEmpty()) return;
+            if (!QFileInfo::exists(percorso)) {
+                msg_.Mostra("Il file '" + S(percorso) + "' non esiste");
+                return;
+            }
+            if (doc_) doc_->TerminaModifica();
+            if (!Chiedi()) return;
+            ApriPercorso(percorso);
+        });
+        actRecenti[i] = act;
+        file->addAction(act);
+    }
+    file->addSeparator();
+    file->addAction(actEsci);
+
+    QMenu* archivi = menuBar()->addMenu(QStringLiteral("&Archivi"));
+    archivi->addAction(actEqLen);
+    archivi->addAction(actPdc);
+
+    QMenu* calcolo = menuBar()->addMenu(QStringLiteral("&Calcolo"));
+    calcolo->addAction(actCalcola);
+    calcolo->addAction(actAutomatico);
+    calcolo->addAction(actCursore);
+    calcolo->addAction(actDiametri);
+    calcolo->addSeparator();
+    calcolo->addAction(actZoomPiu);
+    calcolo->addAction(actZoomMeno);
+
+    QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
+    aiuto->addAction(actManuale);
+    aiuto->addAction(actAbout);
+
+    QToolBar* barra = addToolBar(QStringLiteral("Comandi"));
+    barra->setObjectName(QStringLiteral("barraComandi"));
+    barra->setMovable(false);
+    barra->setIconSize(QSize(24, 24));
+    barra->addAction(actNuovo);
+    barra->addAction(actApri);
+    barra->addAction(actSalva);
+    barra->addSeparator();
+    barra->addAction(actParametri);
+    barra->addSeparator();
+    barra->addAction(actCalcola);
+    barra->addAction(actAutomatico);
+    barra->addAction(actCursore);
+    barra->addAction(actDiametri);
+    barra->addSeparator();
+    barra->addAction(actZoomMeno);
+    txtScaleW = new QLineEdit(barra);
+    txtScaleW->setObjectName(QStringLiteral("txtScaleW"));
+    txtScaleW->setReadOnly(true);
+    txtScaleW->setFocusPolicy(Qt::NoFocus);
+    txtScaleW->setAlignment(Qt::AlignCenter);
+    txtScaleW->setMaximumWidth(48);
+    txtScaleW->setToolTip(QStringLiteral("Scala dello schema (%)"));
+    barra->addWidget(txtScaleW);
+    barra->addAction(actZoomPiu);
+    barra->addSeparator();
+    auto* etichettaGas = new QLabel(QStringLiteral(" Tipo di Gas: "), barra);
+    barra->addWidget(etichettaGas);
+    ComboGas = new QComboBox(barra);
+    ComboGas->setObjectName(QStringLiteral("ComboGas"));
+    ComboGas->setToolTip(QStringLiteral("Tipo di Gas: "));
+    ComboGas->setMinimumWidth(170);
+    ComboGas->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    etichettaGas->setBuddy(ComboGas);
+    barra->addWidget(ComboGas);
+    connect(ComboGas, &QComboBox::activated, this, &frmMainForm::ComboGasScelto);
+    barra->addSeparator();
+    barra->addAction(actManuale);
+    barra->addAction(actEsci);
+    auto* spazio = new QWidget(barra);
+    spazio->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    barra->addWidget(spazio);
+    // The firm's logo, when the program's folder holds one.
+    imgSwCompany = new QLabel(barra);
+    imgSwCompany->setObjectName(QStringLiteral("imgSwCompany"));
+    const QString logo = Q(TrovaFile(a_.Cartella, "logo.bmp"));
+    if (QFileInfo::exists(logo)) {
+        const QPixmap pm(logo);
+        if (!pm.isNull()) imgSwCompany->setPixmap(pm.scaledToHeight(28, Qt::SmoothTransformation));
+    }
+    barra->addWidget(imgSwCompany);
+}
+
+// ---- State shown by the frame ----
+
+void frmMainForm::AggiornaTitolo() { setWindowTitle(Q(s_.Titolo)); }
+
+void frmMainForm::AggiornaMRU() {
+    for (size_t i = 0; i < actRecenti.size(); ++i) {
+        const QString voce = Q(s_.mru.GetItem(static_cast<int>(i) + 1));
+        actRecenti[i]->setData(voce);
+        actRecenti[i]->setText(QStringLiteral("&%1 %2").arg(i + 1).arg(QFileInfo(voce).fileName()));
+        actRecenti[i]->setToolTip(voce);
+        actRecenti[i]->setVisible(voce.size() >= 3);
+    }
+}
+
+void frmMainForm::AggiornaComandi() {
+    const bool aperto = doc_ != nullptr;
+    for (QAction* act : {actSalva, actSalvaCome, actParametri, actCalcola, actDiametri, actZoomPiu, actZoomMeno})
+        act->setEnabled(aperto);
+    ComboGas->setEnabled(aperto);
+    actAutomatico->setChecked(s_.RicalcoloAutomatico != FALSO);
+    actCursore->setChecked(s_.CursorLocked != FALSO);
+    actDiametri->setChecked(aperto && doc_->DiametriBloccati());
+    if (!aperto) {
+        txtScaleW->clear();
+        lblStato->clear();
+        return;
+    }
+    const QString tipo = d_.ReteInPressione != 0 ? QStringLiteral("Rete gas in pressione")
+                                                 : (d_.Normativa == 1 ? QStringLiteral("Impianto interno - UNI 7129 (1992)")
+                                                                      : QStringLiteral("Impianto interno - UNI 7129 (2008)"));
+    lblStato->setText(QStringLiteral("%1   |   Gas: %2   |   Tronchi: %3%4")
+                          .arg(tipo, Q(d_.GasCorrente.Nome))
+                          .arg(d_.NumTronchi())
+                          .arg(d_.ReteModificata != 0 ? QStringLiteral("   |   Modificato") : QString()));
+}
+
+void frmMainForm::AggiornaComboGas() {
+    QSignalBlocker b(ComboGas);
+    ComboGas->clear();
+    for (int g = 1; g <= a_.NumGas(); ++g) ComboGas->addItem(Q(a_.Gas[static_cast<size_t>(g)].Nome));
+    const int i = ComboGas->findText(Q(d_.GasCorrente.Nome), Qt::MatchFixedString);
+    ComboGas->setCurrentIndex(i);
+}
+
+void frmMainForm::ComboGasScelto(int indice) {
+    const int g = indice + 1;
+    if (g < 1 || g > a_.NumGas()) return;
+    if (d_.ReteInPressione == 0 && a_.Gas[static_cast<size_t>(g)].NonCombustibile != 0) {
+        msg_.Mostra("Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile");
+        AggiornaComboGas();
+        return;
+    }
+    if (doc_) doc_->TerminaModifica();
+    d_.GasCorrente = a_.Gas[static_cast<size_t>(g)];
+    d_.ReteModificata = VERO;
+    if (doc_) doc_->Elaborazione();
+    AggiornaComandi();
+}
+
+// ---- Document window ----
+
+void frmMainForm::CreaDocumento() {
+    ChiudiDocumento();
+    auto* g = new GasGrid(d_, a_, s_, msg_, centro_);
+    doc_ = g;
+    centro_->addWidget(g);
+    centro_->setCurrentWidget(g);
+    connect(g, &GasGrid::elaborato, this, [this] { AggiornaComandi(); });
+    connect(g, &GasGrid::zoomCambiato, this, [this](int, const QString& scala) { txtScaleW->setText(scala); });
+    {
+        Attesa attesa;
+        g->NewRete();
+    }
+    g->Rescale();
+    AggiornaComboGas();
+    AggiornaComandi();
+    g->Griglia()->setFocus();
+}
+
+void frmMainForm::ChiudiDocumento() {
+    if (!doc_) return;
+    GasGrid* g = doc_;
+    doc_ = nullptr;
+    centro_->removeWidget(g);
+    delete g;
+    centro_->setCurrentWidget(vuoto_);
+    AggiornaComandi();
+}
+
+// ---- Session ----
+
+bool frmMainForm::Chiedi() {
+    const bool ok = ChiediSalvataggio(s_, d_, a_, msg_, NomePerSalvare());
+    AggiornaTitolo();
+    AggiornaMRU();
+    return ok;
+}
+
+ChiediNomeFile frmMainForm::NomePerSalvare() {
+    return [this] { return DialogoSalva ? S(DialogoSalva()) : std::string(); };
+}
+
+QString frmMainForm::ChiediFileApri() {
+    QFileDialog f(this, QStringLiteral("Carica impianto"), Q(CartellaLavoro(s_.imp, a_.Cartella)));
+    f.setAcceptMode(QFileDialog::AcceptOpen);
+    f.setFileMode(QFileDialog::ExistingFile);
+    f.setNameFilter(QStringLiteral("Impianti (*.RTG *.rtg)"));
+    f.setDefaultSuffix(QStringLiteral("RTG"));
+    f.setOption(QFileDialog::DontUseNativeDialog, true);
+    Italiano(f, QStringLiteral("Apri"));
+    if (f.exec() != QDialog::Accepted || f.selectedFiles().isEmpty()) return {};
+    return f.selectedFiles().first();
+}
+
+QString frmMainForm::ChiediFileSalva() {
+    QFileDialog f(this, QStringLiteral("Salva con nome"), Q(CartellaLavoro(s_.imp, a_.Cartella)));
+    f.setAcceptMode(QFileDialog::AcceptSave);
+    f.setFileMode(QFileDialog::AnyFile);
+    f.setNameFilter(QStringLiteral("Reti (*.rtg *.RTG)"));
+    f.setDefaultSuffix(QStringLiteral("rtg"));
+    f.setOption(QFileDialog::DontUseNativeDialog, true);
+    Italiano(f, QStringLiteral("Salva"));
+    if (f.exec() != QDialog::Accepted || f.selectedFiles().isEmpty()) return {};
+    return f.selectedFiles().first();
+}
+
+bool frmMainForm::ApriPercorso(const QString& percorso) {
+    AvanzamentoAttesa av;
+    bool ok = false;
+    {
+        Attesa attesa;
+        ok = ApriFile(s_, d_, a_, S(percorso), msg_, av) && d_.CaricamentoProgetto != FALSO;
+    }
+    if (!ok) {
+        ChiudiDocumento();
+        AggiornaTitolo();
+        return false;
+    }
+    s_.mru.AddItem(S(percorso));
+    CreaDocumento();
+    AggiornaTitolo();
+    AggiornaMRU();
+    statusBar()->showMessage(QStringLiteral("Aperto: %1").arg(percorso), 4000);
+    return true;
+}
+
+void frmMainForm::NuovoMnu() {
+    if (doc_) doc_->TerminaModifica();
+    if (!Chiedi()) return;
+    ChiudiDocumento();
+    if (AttivitaDopoChiusura) MostraAttivita();
+}
+
+void frmMainForm::ApriMnu() {
+    if (doc_) doc_->TerminaModifica();
+    const QString nome = DialogoApri ? DialogoApri() : QString();
+    if (nome.isEmpty()) return;
+    if (!Chiedi()) return;
+    if (!nome.trimmed().isEmpty() && !nome.contains('*')) ApriPercorso(nome);
+    RicordaCartellaLavoro(s_.imp, S(nome));
+}
+
+void frmMainForm::SalvaMnu() {
+    if (!doc_) return;
+    doc_->TerminaModifica();
+    SalvaConNome(s_, d_, a_, d_.NomeFileProgetto, msg_, NomePerSalvare());
+    AggiornaTitolo();
+    AggiornaMRU();
+    AggiornaComandi();
+}
+
+void frmMainForm::SaveAsMnu() {
+    if (!doc_) return;
+    doc_->TerminaModifica();
+    SalvaConNome(s_, d_, a_, "", msg_, NomePerSalvare());
+    AggiornaTitolo();
+    AggiornaMRU();
+    AggiornaComandi();
+}
+
+void frmMainForm::EsciMnu() { close(); }
+
+void frmMainForm::closeEvent(QCloseEvent* e) {
+    if (doc_) doc_->TerminaModifica();
+    if (!Chiedi()) {
+        e->ignore();
+        return;
+    }
+    ChiudiDocumento();
+    e->accept();
+}
+
+bool frmMainForm::NuovoProgetto(bool pressione) {
+    AzzeraRete(d_, a_.Default);
+    d_.ReteInPressione = pressione ? VERO : FALSO;
+    d_.OrientamentoSorgente = pressione ? 1 : 0;
+    if (pressione) {
+        if (!CaricaSpecialiPressione(a_, msg_)) return false;
+    } else {
+        CaricaSpecialiInterni(a_);
+    }
+    CreaDocumento();
+    if (!pressione) a_.Default.DefaultDpMax = TestoBreve(LimitePdc(a_, d_));
+    AggiornaTitolo();
+    if (ParametriDopoNuovo) ParametriMnu();
+    return true;
+}
+
+void frmMainForm::MostraAttivita() {
+    for (;;) {
+        frmAttivita f(s_.mru, this);
+        f.exec();
+        switch (f.scelta()) {
+            case frmAttivita::Scelta::NuovoInterno:
+                if (NuovoProgetto(false)) return;
+                break;
+            case frmAttivita::Scelta::NuovoPressione:
+                if (NuovoProgetto(true)) return;
+                break;
+            case frmAttivita::Scelta::Apri:
+                ApriMnu();
+                if (!d_.NomeFileProgetto.empty()) return;
+                break;
+            case frmAttivita::Scelta::Recente: {
+                const QString percorso = f.FileRecente();
+                if (!QFileInfo::exists(percorso)) {
+                    msg_.Mostra("Il file '" + S(percorso) + "' non esiste");
+                    break;
+                }
+                if (ApriPercorso(percorso)) return;
+                break;
+            }
+            case frmAttivita::Scelta::Esci: close(); return;
+            case frmAttivita::Scelta::Nessuna: return;
+        }
+    }
+}
+
+// ---- Dialogs ----
+
+void frmMainForm::DopoParametri() {
+    if (!doc_) return;
+    {
+        Attesa attesa;
+        doc_->Elaborazione();
+    }
+    d_.ReteModificata = VERO;
+    doc_->InitInitialPressureCombo();
+    doc_->InitDPMaxCombo();
+    AggiornaComboGas();
+    AggiornaComandi();
+}
+
+void frmMainForm::ParametriMnu() {
+    if (!doc_) return;
+    doc_->TerminaModifica();
+    Parametri p(a_, d_, msg_, this);
+    if (p.exec() == QDialog::Accepted) DopoParametri();
+}
+
+void frmMainForm::defaultValue() {
+    if (doc_) doc_->TerminaModifica();
+    frmDefaultValue f(a_, d_, s_.imp, msg_, this);
+    f.exec();
+}
+
+void frmMainForm::mnuEqLen() {
+    if (doc_) doc_->TerminaModifica();
+    frmSpeciali f(a_, msg_, this);
+    if (f.exec() != QDialog::Accepted || !f.Salvato()) return;
+    // The table in force changes only for a pressure network; an internal installation keeps
+    // the built-in one.
+    if (d_.ReteInPressione != 0) {
+        a_.Speciali = f.Tabella();
+        if (doc_) doc_->Elaborazione();
+    }
+}
+
+void frmMainForm::mnuPreferenze() {
+    if (doc_) doc_->TerminaModifica();
+    frmPDC f(a_, d_, msg_, this);
+    if (f.exec() == QDialog::Accepted && doc_) doc_->Elaborazione();
+}
+
+void frmMainForm::mnuManuale() {
+    const std::string percorso = TrovaFile(a_.Cartella, "Fornax5.htm");
+    if (!EsisteFile(percorso) || !QDesktopServices::openUrl(QUrl::fromLocalFile(Q(percorso)))) {
+        msg_.Mostra("Impossibile visualizzare il manuale '" + percorso +
+                    "'. Provare a lanciarlo manualmente da Internet Explorer");
+    }
+}
+
+void frmMainForm::AboutMnu() {
+    frmSplash f(true, this);
+    f.exec();
+}
+
+// ---- Calculation switches ----
+
+void frmMainForm::CommandCalculate() {
+    if (!doc_) return;
+    doc_->TerminaModifica();
+    if (d_.ReteInPressione == 0 && d_.GasCorrente.NonCombustibile != 0) {
+        msg_.Mostra("Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile");
+        return;
+    }
+    Attesa attesa;
+    doc_->Elaborazione();
+}
+
+void frmMainForm::CommandAutomaticRecalculate() {
+    s_.RicalcoloAutomatico = s_.RicalcoloAutomatico != FALSO ? FALSO : VERO;
+    AggiornaComandi();
+}
+
+void frmMainForm::CommandCursorLocked() {
+    s_.CursorLocked = s_.CursorLocked != FALSO ? FALSO : VERO;
+    AggiornaComandi();
+}
+
+void frmMainForm::cmdDiamLocked() {
+    if (!doc_) return;
+    doc_->BloccaDiametri(!doc_->DiametriBloccati());
+    AggiornaComandi();
+}
+
+void frmMainForm::ZoomPiu() {
+    if (!doc_) return;
+    doc_->Zoom = std::min(doc_->Zoom + 1, 7);
+    doc_->Rescale();
+}
+
+void frmMainForm::ZoomMeno() {
+    if (!doc_) return;
+    doc_->Zoom = doc_->Zoom - 1;
+    doc_->Rescale();
+}
+
+}  // namespace fornax::ui

@@ -1,0 +1,124 @@
+#pragma once
+// The main frame: menus, tool bar, the one document window, and the session commands (new,
+// open, save, save as, exit, recent files, project parameters, defaults, fittings, limits,
+// calculation switches, zoom, gas).
+
+#include <QMainWindow>
+#include <QPointer>
+#include <array>
+#include <functional>
+
+#include "archives/Archivi.h"
+#include "core/Documento.h"
+#include "core/documento/Sessione.h"
+#include "core/ui/MessaggiQt.h"
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QStackedWidget;
+
+namespace fornax::ui {
+
+class GasGrid;
+
+class frmMainForm : public QMainWindow {
+    Q_OBJECT
+public:
+    // The frame works on the document, the archives and the session that start-up loaded.
+    frmMainForm(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre = nullptr);
+    ~frmMainForm() override;
+
+    // ---- Commands ----
+    void NuovoMnu();
+    void ApriMnu();
+    void SalvaMnu();
+    void SaveAsMnu();
+    void EsciMnu();
+    void ParametriMnu();
+    void defaultValue();
+    void mnuEqLen();
+    void mnuPreferenze();
+    void mnuManuale();
+    void AboutMnu();
+    void CommandCalculate();
+    void CommandAutomaticRecalculate();
+    void CommandCursorLocked();
+    void cmdDiamLocked();
+    void ZoomPiu();
+    void ZoomMeno();
+
+    // Opens a file by its path (command line, recent files): false when nothing was opened.
+    bool ApriPercorso(const QString& percorso);
+    // The start-of-work chooser, until a project is open or the user leaves it.
+    void MostraAttivita();
+    // A new project of either kind, as the chooser's first two buttons start it. False when
+    // the fittings table of pressure networks is missing.
+    bool NuovoProgetto(bool pressione);
+
+    // The document window, null when no project is open.
+    GasGrid* FinestraDocumento() const { return doc_; }
+    bool ProgettoAperto() const { return doc_ != nullptr; }
+
+    // File dialogs, replaceable by the tests: the name chosen, "" when cancelled.
+    std::function<QString()> DialogoApri;
+    std::function<QString()> DialogoSalva;
+    // The parameters dialog after a new project: shown modally unless a test turns it off.
+    bool ParametriDopoNuovo = true;
+    // The chooser after closing a project: turned off by the tests.
+    bool AttivitaDopoChiusura = true;
+
+    // Rebuilds the document window (the product makes it anew on each open).
+    void CreaDocumento();
+    void ChiudiDocumento();
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    void CreaComandi();
+    void AggiornaTitolo();
+    void AggiornaMRU();
+    void AggiornaComandi();
+    void AggiornaComboGas();
+    void ComboGasScelto(int indice);
+    QString ChiediFileApri();
+    QString ChiediFileSalva();
+    ChiediNomeFile NomePerSalvare();
+    bool Chiedi();
+    void DopoParametri();
+
+    Documento& d_;
+    Archivi& a_;
+    Sessione& s_;
+    Messaggi& msg_;
+    GasGrid* doc_ = nullptr;  // owned by the central stack; made anew on each open
+    QStackedWidget* centro_ = nullptr;
+    QWidget* vuoto_ = nullptr;
+
+    QAction* actNuovo = nullptr;
+    QAction* actApri = nullptr;
+    QAction* actSalva = nullptr;
+    QAction* actSalvaCome = nullptr;
+    QAction* actParametri = nullptr;
+    QAction* actDefault = nullptr;
+    QAction* actEsci = nullptr;
+    QAction* actEqLen = nullptr;
+    QAction* actPdc = nullptr;
+    QAction* actManuale = nullptr;
+    QAction* actAbout = nullptr;
+    QAction* actCalcola = nullptr;
+    QAction* actAutomatico = nullptr;
+    QAction* actCursore = nullptr;
+    QAction* actDiametri = nullptr;
+    QAction* actZoomPiu = nullptr;
+    QAction* actZoomMeno = nullptr;
+    std::array<QAction*, 4> actRecenti{};
+    QComboBox* ComboGas = nullptr;
+    QLineEdit* txtScaleW = nullptr;
+    QLabel* imgSwCompany = nullptr;
+    QLabel* lblStato = nullptr;
+};
+
+}  // namespace fornax::ui

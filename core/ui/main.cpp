@@ -1,0 +1,16 @@
+// fornax: the desktop application.
+#include <QApplication>
+#include <QFont>
+
+#include "core/Cartelle.h"
+#include "core/ui/Avvio.h"
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Fornax"));
+    QApplication::setOrganizationName(QStringLiteral("Fornax"));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    const std::string cartella =
+        fornax::CartellaProgramma(QCoreApplication::applicationFilePath().toStdString(), FORNAX_DATA_DIR);
+    return fornax::ui::Main(app, cartella);
+}
