@@ -213,7 +213,7 @@ std::string Cella(const Documento& d, const Archivi& a, const Regole& r, int sez
     } else {
         testo = Trim(Formatta(v, c.formato));
     }
-    return Sinistra(testo, c.budget);
+    return testo;
 }
 
 RigaRelazione Riga(const Documento& d, const Archivi& a, const Regole& r, int sezione,
@@ -226,7 +226,7 @@ RigaRelazione Riga(const Documento& d, const Archivi& a, const Regole& r, int se
         if (c == 0) {
             // Column 0 is always the section's number.
             const Valore numero = static_cast<int16_t>(sezione);
-            riga.valori.push_back(Sinistra(Trim(Formatta(numero, colonne[0].formato)), colonne[0].budget));
+            riga.valori.push_back(Trim(Formatta(numero, colonne[0].formato)));
         } else {
             riga.valori.push_back(Cella(d, a, r, sezione, colonne[c]));
         }
@@ -259,11 +259,12 @@ std::vector<ColonnaRelazione> ColonneRelazione(const Archivi& a, int tabella) {
         const ColonnaTabella& x = def[static_cast<size_t>(c)];
         ColonnaRelazione k;
         k.id = x.Id;
+        k.peso = x.Larghezza;
         k.formato = x.Formato;
         k.larghezza = Intero16(static_cast<long>(x.Larghezza) * unita);
         k.budget = static_cast<int>(std::floor(static_cast<double>(k.larghezza) / 2.0)) - 1;
-        k.titolo1 = Sinistra(Titolo(x.Titolo1), k.budget);
-        k.titolo2 = Sinistra(Titolo(x.Titolo2), k.budget);
+        k.titolo1 = Titolo(x.Titolo1);
+        k.titolo2 = Titolo(x.Titolo2);
         colonne.push_back(std::move(k));
     }
     return colonne;
@@ -292,7 +293,7 @@ std::vector<TabellaRelazione> TabellePerdite(const Documento& d, const Archivi& 
             const int16_t id = t.colonne[c].id;
             if (id >= Id::ID_SPC5 && id <= Id::ID_SPC10) {
                 const size_t tipo = static_cast<size_t>(id - Id::ID_SPC5 + 5);
-                t.colonne[c].titolo1 = Sinistra(a.Speciali[tipo].Nome, t.colonne[c].budget);
+                t.colonne[c].titolo1 = a.Speciali[tipo].Nome;
             }
         }
     }
@@ -326,8 +327,7 @@ TabellaRelazione TabellaPercorso(const Documento& d, const Archivi& a) {
         t.righe.push_back(Riga(d, a, r, i, t.colonne));
         somma = static_cast<float>(somma + d.T(i).ID_PDC_TRONCO);
     }
-    const ColonnaRelazione& c7 = ColonnaTotale(t.colonne, 7);
-    t.totale = {"TOTALE PERDITA DI PRESSIONE:", Sinistra(FormattaNumero(somma, c7.formato), c7.budget)};
+    t.totale = TotaleRelazione{"TOTALE PERDITA DI PRESSIONE:", FormattaNumero(somma, ColonnaTotale(t.colonne, 7).formato), 7};
     return t;
 }
 
@@ -345,8 +345,9 @@ TabellaRelazione TabellaUtenze(const Documento& d, const Archivi& a) {
         t.righe.push_back(Riga(d, a, r, i, t.colonne));
         portata = static_cast<float>(portata + x.ID_P_UTENZE);
     }
-    const ColonnaRelazione& c = ColonnaTotale(t.colonne, pressione ? 2 : 4);
-    t.totale = {"TOTALE PORTATA GAS:", Sinistra(FormattaNumero(portata, c.formato), c.budget)};
+    const size_t colonna = pressione ? 2 : 4;
+    t.totale = TotaleRelazione{"TOTALE PORTATA GAS:", FormattaNumero(portata, ColonnaTotale(t.colonne, colonna).formato),
+                               colonna};
     return t;
 }
 

@@ -86,28 +86,38 @@ std::string Destra(std::string_view testo, int n);
 
 // ---- Tables of sections ----
 
-// A column of a report table: its field, titles cut to the budget, pattern, width and budget.
+// A column of a report table: its field, weight, titles and pattern, and the width and
+// character budget the file back ends give it. Titles and values stand whole in the model:
+// each back end cuts them to its own budget (the printer measures its own).
 struct ColonnaRelazione {
     int16_t id = 0;
+    int16_t peso = 0;      // the column file's weight
     std::string titolo1;   // empty when the column file holds "."
     std::string titolo2;
     std::string formato;
-    int larghezza = 0;     // millimetres
-    int budget = 0;        // characters: Int(width / 2) - 1
+    int larghezza = 0;     // millimetres of the file reports: weight x unit
+    int budget = 0;        // characters of the file reports: Int(width / 2) - 1
 };
 
 struct RigaRelazione {
     int16_t sezione = 0;
     bool ultima = false;   // the row of the last section of the network (NumTronchi or beyond)
-    std::vector<std::string> valori;  // one per column; "" stands for a blank cell
+    std::vector<std::string> valori;  // one per column, laid out and trimmed; "" is a blank cell
+};
+
+// The line below the worst path and the consumers: its label and the value laid out by the
+// pattern of one column, whose budget it is cut to.
+struct TotaleRelazione {
+    std::string etichetta;  // "TOTALE PERDITA DI PRESSIONE:", "TOTALE PORTATA GAS:"
+    std::string valore;
+    size_t colonna = 0;
 };
 
 struct TabellaRelazione {
     std::string titolo;
     std::vector<ColonnaRelazione> colonne;
     std::vector<RigaRelazione> righe;
-    // Worst path and consumers: the line below the table ("TOTALE PORTATA GAS:" and value).
-    std::optional<std::pair<std::string, std::string>> totale;
+    std::optional<TotaleRelazione> totale;
 };
 
 // Table numbers of the column file, by the kind of network.
@@ -116,8 +126,8 @@ struct TabelleRelazione {
 };
 TabelleRelazione NumeriTabelle(bool reteInPressione);
 
-// Widths and budgets of a table of the column file, and its titles cut to the budgets.
-// The page's 170 mm are shared out by weight: unit = 170 / sum of the weights, rounded.
+// The columns of a table of the column file, with the widths and budgets of the file
+// reports: the page's 170 mm are shared out by weight, unit = 170 / sum of the weights, rounded.
 std::vector<ColonnaRelazione> ColonneRelazione(const Archivi& a, int tabella);
 
 TabellaRelazione TabellaTronchi(const Documento& d, const Archivi& a);

@@ -312,9 +312,10 @@ void ScrittoreHtml::Tabella(const TabellaRelazione& t) {
     const size_t n = t.colonne.size();
     for (size_t c = 0; c < n; ++c) {
         const ColonnaRelazione& k = t.colonne[c];
+        const std::string titolo1 = Sinistra(k.titolo1, k.budget);
         Riga(std::string("<TD class='") + (c + 1 == n ? "titlecolumlast" : "titlecolums") + "' style='width:" +
-             std::to_string(k.larghezza) + "mm;'>" + (k.titolo1.empty() ? std::string("&nbsp;") : k.titolo1) +
-             "<BR>" + k.titolo2 + "</TD>");
+             std::to_string(k.larghezza) + "mm;'>" + (titolo1.empty() ? std::string("&nbsp;") : titolo1) + "<BR>" +
+             Sinistra(k.titolo2, k.budget) + "</TD>");
     }
     Riga("</TR>");
     Carica(kRigaTitoli);
@@ -324,7 +325,7 @@ void ScrittoreHtml::Tabella(const TabellaRelazione& t) {
         for (size_t c = 0; c < n; ++c) {
             const char* classe = r.ultima ? (c + 1 == n ? "lastdatacolumlast" : "lastdatacolums")
                                           : (c + 1 == n ? "datacolumlast" : "datacolums");
-            const std::string& v = c < r.valori.size() ? r.valori[c] : std::string();
+            const std::string v = c < r.valori.size() ? Sinistra(r.valori[c], t.colonne[c].budget) : std::string();
             Riga(std::string("<TD class='") + classe + "' style='width:" + std::to_string(t.colonne[c].larghezza) +
                  "mm;'>" + (v.empty() ? std::string("&nbsp;") : v) + "</TD>");
         }
@@ -335,7 +336,8 @@ void ScrittoreHtml::Tabella(const TabellaRelazione& t) {
     Riga("</TABLE><BR>");
     if (t.totale) {
         Spazio();
-        Riga("<SPAN class='sectionwords'>" + t.totale->first + Nbsp(4) + t.totale->second + "</SPAN><BR>");
+        Riga("<SPAN class='sectionwords'>" + t.totale->etichetta + Nbsp(4) +
+             Sinistra(t.totale->valore, t.colonne[t.totale->colonna].budget) + "</SPAN><BR>");
         Carica(kRiga);
         ControllaPagina();
     }

@@ -88,16 +88,17 @@ void ScrittoreTxt::Tabella(const TabellaRelazione& t) {
     Riga(t.titolo);
     Riga();
     std::string titoli;
-    for (const ColonnaRelazione& c : t.colonne) titoli += c.titolo1 + " " + c.titolo2 + kTab;
+    for (const ColonnaRelazione& c : t.colonne)
+        titoli += Sinistra(c.titolo1, c.budget) + " " + Sinistra(c.titolo2, c.budget) + kTab;
     Riga(titoli);
     for (const RigaRelazione& r : t.righe) {
         std::string riga;
-        for (const std::string& v : r.valori) riga += v + kTab;
+        for (size_t c = 0; c < r.valori.size(); ++c) riga += Sinistra(r.valori[c], t.colonne[c].budget) + kTab;
         Riga(riga);
     }
     if (t.totale) {
         Riga();
-        Riga(t.totale->first + " " + t.totale->second);
+        Riga(t.totale->etichetta + " " + Sinistra(t.totale->valore, t.colonne[t.totale->colonna].budget));
     }
 }
 
