@@ -20,7 +20,9 @@ constexpr bool kOttimizzaDiametri = false;
 
 }  // namespace
 
-Motore::Motore(Documento& d, const Archivi& a, StatoCalcolo& s, Messaggi& msg) : d_(d), a_(a), s_(s), msg_(msg) {}
+Motore::Motore(Documento& d, const Archivi& a, StatoCalcolo& s, Messaggi& msg) : d_(d), a_(a), s_(s), msg_(msg) {
+    entrataPerdite_.fill(-1);
+}
 
 void Motore::ReteInterna() {
     for (int i = 1; i <= N(); ++i) {
@@ -135,11 +137,19 @@ void Motore::LunghezzeDa(int i, float progressivaPadre) {
 
 void Motore::AccumulaPerdite(int i, float perditaPadre) {
     perdite_.Nuova();
-    PerditeDa(i, perditaPadre);
+    entrataPerdite_.fill(-1);
+    PerditeDa(i, perditaPadre, 0);
 }
 
-void Motore::PerditeDa(int i, float perditaPadre) {
+void Motore::PerditeDa(int i, float perditaPadre, int entrata) {
     if (Collegamento(i) == 0 || !perdite_.Entra(i)) return;
+    entrataPerdite_[static_cast<size_t>(i)] = static_cast<int16_t>(entrata);
+    const float percorso = PerditaTronco(i, perditaPadre);
+    PerditeDa(T(i).ID_LEFT, percorso, i);
+    PerditeDa(T(i).ID_RIGHT, percorso, i);
+}
+
+float Motore::PerditaTronco(int i, float perditaPadre) {
     Tronco& t = T(i);
     // One section without a valid drop invalidates everything below it.
     if (t.ID_PDC_TRONCO >= 0 && perditaPadre >= 0) {
@@ -149,8 +159,29 @@ void Motore::PerditeDa(int i, float perditaPadre) {
     }
     t.ID_PFINALE = static_cast<float>(d_.PressioneIniziale - static_cast<double>(t.ID_PDC_PERCORSO));
     if (t.ID_PDC_PERCORSO > d_.MaxPdcPercorso) d_.MaxPdcPercorso = t.ID_PDC_PERCORSO;
-    PerditeDa(t.ID_LEFT, t.ID_PDC_PERCORSO);
-    PerditeDa(t.ID_RIGHT, t.ID_PDC_PERCORSO);
+    return t.ID_PDC_PERCORSO;
+}
+
+void Motore::AccumulaPerditeSotto(int i) {
+    // After a change of the drop of i alone, a walk from the root would find everything outside
+    // the part of the tree under i as it stands, and the running maximum has already seen those
+    // values: walking that part alone, along the links the last walk from the root took, leaves
+    // every field as the whole walk would.
+    const int entrata = entrataPerdite_[static_cast<size_t>(i)];
+    if (entrata < 0) {
+        AccumulaPerdite(1, 0.0f);
+        return;
+    }
+    sotto_.Nuova();
+    PerditeSotto(i, entrata == 0 ? 0.0f : T(entrata).ID_PDC_PERCORSO);
+}
+
+void Motore::PerditeSotto(int i, float perditaPadre) {
+    if (!sotto_.Entra(i)) return;
+    const float percorso = PerditaTronco(i, perditaPadre);
+    for (const int figlio : {Collegamento(T(i).ID_LEFT), Collegamento(T(i).ID_RIGHT)}) {
+        if (figlio > 0 && entrataPerdite_[static_cast<size_t>(figlio)] == i) PerditeSotto(figlio, percorso);
+    }
 }
 
 // ---- Failures of a pressure network ----

@@ -158,7 +158,7 @@ void Motore::ImpostaRiga(int i, int riga) {
     CalcolaLunghezzaEquivalente(d_, a_, 1, i);
     t.ID_PDC_TRONCO = static_cast<float>(static_cast<double>(PerditaSpecifica(d_, r.DiamInterno / 1000.0f, t.ID_P_TRONCO)) *
                                          static_cast<double>(t.ID_EQ_LEN));
-    AccumulaPerdite(1, 0.0f);
+    AccumulaPerditeSotto(i);
 }
 
 int Motore::RiduciDiametri(int i) {

@@ -48,6 +48,8 @@ public:
     float AggregaPortate(int i);
     void AccumulaLunghezze(int i, float progressivaPadre);
     void AccumulaPerdite(int i, float perditaPadre);
+    // The same after a change of the drop of section i alone: only the part of the tree under i.
+    void AccumulaPerditeSotto(int i);
     void PropagaErrori(int i);
 
     // Sizing of an internal installation.
@@ -76,7 +78,9 @@ private:
     void AggiornaVelocita();
     float AggregaDa(int i);
     void LunghezzeDa(int i, float progressivaPadre);
-    void PerditeDa(int i, float perditaPadre);
+    void PerditeDa(int i, float perditaPadre, int entrata);
+    void PerditeSotto(int i, float perditaPadre);
+    float PerditaTronco(int i, float perditaPadre);
     void ErroriDa(int i);
     int RiduciDa(int i);
 
@@ -84,7 +88,10 @@ private:
     const Archivi& a_;
     StatoCalcolo& s_;
     Messaggi& msg_;
-    Visite aggrega_, lunghezze_, perdite_, errori_, riduci_, catena_;
+    Visite aggrega_, lunghezze_, perdite_, sotto_, errori_, riduci_, catena_;
+    // The section from which the last walk of the drops from the root entered each section
+    // (0 for the root itself, -1 where it didn't arrive).
+    std::array<int16_t, MAX_TRONCHI + 1> entrataPerdite_{};
     std::array<bool, MAX_TRONCHI + 1> offerto_{};
 };
 
