@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "calc/Calcolo.h"
 #include "core/Cartelle.h"
 #include "core/Servizi.h"
 
@@ -22,6 +23,44 @@ void Esecuzione::Inizia(int f, const std::string& testo) {
 void Esecuzione::Avanza() {
     ++fatti_;
     av_.Passo(passi_ == 0 ? 0 : fatti_ * 100 / passi_);
+}
+
+void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
+                       Messaggi& msg) {
+    CalcolaRete(d, a, msg);
+    w.Inizio();
+    int scritte = 0;
+    auto sezione = [&](int fase, const char* testo, const auto& scrivi) {
+        run.Inizia(fase, testo);
+        scrivi(scritte > 0);
+        ++scritte;
+        run.Avanza();
+    };
+    if (s.Copertina) sezione(Fase::COPERTINA, "Frontespizio", [&](bool) { w.Copertina(Copertina(d, a)); });
+    if (s.Tronchi)
+        sezione(Fase::TRONCHI, "Tabella dati tronchi",
+                [&](bool dopo) { w.Tabelle(Fase::TRONCHI, {TabellaTronchi(d, a)}, dopo); });
+    if (s.PDCLocalizzate)
+        sezione(Fase::PERDITE, "Tabella PDC localizzate",
+                [&](bool dopo) { w.Tabelle(Fase::PERDITE, TabellePerdite(d, a), dopo); });
+    if (s.Verifica)
+        sezione(Fase::PERCORSO, "Verifica percorso piu' sfavorito",
+                [&](bool dopo) { w.Tabelle(Fase::PERCORSO, {TabellaPercorso(d, a)}, dopo); });
+    if (s.Utenze)
+        sezione(Fase::UTENZE, "Riepilogo utenze",
+                [&](bool dopo) { w.Tabelle(Fase::UTENZE, {TabellaUtenze(d, a)}, dopo); });
+    if (s.Computo) {
+        run.Inizia(Fase::COMPUTO, "Calcolo totale computo ");
+        const ComputoRelazione c = Computo(d, a);
+        sezione(Fase::COMPUTO, "Tabella totale computo ", [&](bool dopo) { w.Computo(c, dopo); });
+    }
+    if (s.TenutaImpianto)
+        sezione(Fase::TENUTA, "Verifica Tenuta impianto", [&](bool dopo) {
+            AggiornaTenuta(d);
+            w.Tenuta(TenutaRelazione(d.Tenuta, d.GasCorrente.Nome), dopo);
+        });
+    w.FineSezioni();
+    if (s.DiagrammaRete) sezione(Fase::SCHEMA, "DiagrammaRete", [&](bool) { w.Schema(); });
 }
 
 void AggiornaTenuta(Documento& d) { d.Tenuta.FamigliaGas = d.GasCorrente.Famiglia; }

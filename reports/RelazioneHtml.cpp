@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "calc/Calcolo.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
 #include "reports/Esecuzione.h"
@@ -106,26 +105,59 @@ constexpr const char* kStile[] = {
     ".sectionwords", "{", "font-size: 3.15mm;", "}",
 };
 
-class ScrittoreHtml {
+class ScrittoreHtml final : public Impaginatore {
 public:
-    ScrittoreHtml(FileRelazione& f, const Documento& d, const OpzioniStampa& o, Avanzamento& av)
-        : f_(f), d_(d), o_(o), av_(av) {}
+    ScrittoreHtml(FileRelazione& f, const Documento& d, const OpzioniStampa& o, const std::string& percorso,
+                  const SalvaSchema& schema, Avanzamento& av)
+        : f_(f), d_(d), o_(o), percorso_(percorso), schema_(schema), av_(av) {}
 
     void Prologo();
+    void Epilogo();
+
+    // The run's order.
+    void Inizio() override {
+        if (o_.selezione.AltreDalloSchema()) Intestazione();
+    }
+    void Copertina(const CopertinaRelazione& c) override {
+        // The cover charges its lines but never checks the page: it has a page of its own.
+        ScriviCopertina(c);
+        NuovaPagina();
+    }
+    void Tabelle(int fase, const std::vector<TabellaRelazione>& tabelle, bool dopoAltre) override {
+        // The table of sections follows the cover's page break without a separator.
+        if (dopoAltre && fase != Fase::TRONCHI) Separatore();
+        for (const TabellaRelazione& t : tabelle) ScriviTabella(t);
+    }
+    void Computo(const ComputoRelazione& c, bool dopoAltre) override {
+        if (dopoAltre) Separatore();
+        ScriviComputo(c);
+    }
+    void Tenuta(const std::vector<VoceTenuta>& voci, bool dopoAltre) override {
+        // The record always starts a page of its own, unless it is the first section.
+        if (dopoAltre) NuovaPagina();
+        ScriviTenuta(voci);
+    }
+    void FineSezioni() override {
+        if (o_.selezione.AltreDalloSchema()) PiePagina();
+    }
+    void Schema() override {
+        if (!schema_) return;
+        const std::string file = FileSchema(d_, percorso_, true);
+        schema_(file);
+        PaginaSchema(file, o_.selezione.AltreDalloSchema());
+    }
+
+private:
     void Intestazione();
     void PiePagina();
     void NuovaPagina();
-    void Copertina(const CopertinaRelazione& c);
     void Separatore();
-    void Tabella(const TabellaRelazione& t);
-    void Computo(const ComputoRelazione& c);
-    void Tenuta(const std::vector<VoceTenuta>& voci);
+    void ScriviCopertina(const CopertinaRelazione& c);
+    void ScriviTabella(const TabellaRelazione& t);
+    void ScriviComputo(const ComputoRelazione& c);
+    void ScriviTenuta(const std::vector<VoceTenuta>& voci);
     void PaginaSchema(const std::string& fileSchema, bool altreSezioni);
-    void Epilogo();
 
-    int16_t pagina = 1;
-
-private:
     void Riga(std::string_view s) { f_.Riga(s); }
     void Carica(double mm) { spazio_ -= mm; }
     void ControllaPagina(std::string_view tag = {});
@@ -149,8 +181,11 @@ private:
     FileRelazione& f_;
     const Documento& d_;
     const OpzioniStampa& o_;
+    const std::string& percorso_;
+    const SalvaSchema& schema_;
     Avanzamento& av_;
     double spazio_ = kAltezzaPagina;
+    int16_t pagina_ = 1;
 };
 
 // A 16-bit quantity of the page stack: past its range the run fails (about page 114).
@@ -201,7 +236,7 @@ void ScrittoreHtml::IntestazioneDi(int16_t p, const char* chiusuraLogo, const st
     Riga("<DIV class='bodypage' style='top:" + std::to_string(Sotto(p, 17)) + coda);
 }
 
-void ScrittoreHtml::Intestazione() { IntestazioneDi(pagina, "' width='80' height='40' >", "mm'>"); }
+void ScrittoreHtml::Intestazione() { IntestazioneDi(pagina_, "' width='80' height='40' >", "mm'>"); }
 
 void ScrittoreHtml::PiePaginaDi(int16_t p, int posizione) {
     Riga("<DIV class='footerpage' style='top:" + std::to_string(posizione) + "mm'>");
@@ -218,12 +253,12 @@ void ScrittoreHtml::PiePaginaDi(int16_t p, int posizione) {
 
 void ScrittoreHtml::PiePagina() {
     Riga("</DIV>");  // the body
-    PiePaginaDi(pagina, Sotto(pagina, 265));
+    PiePaginaDi(pagina_, Sotto(pagina_, 265));
 }
 
 void ScrittoreHtml::NuovaPagina() {
     PiePagina();
-    pagina = static_cast<int16_t>(Posizione(pagina + 1L));
+    pagina_ = static_cast<int16_t>(Posizione(pagina_ + 1L));
     spazio_ = kAltezzaPagina;
     Intestazione();
 }
@@ -242,7 +277,7 @@ void ScrittoreHtml::ControllaPagina(std::string_view tag) {
     if (!tag.empty()) Riga(tag);
 }
 
-void ScrittoreHtml::Copertina(const CopertinaRelazione& c) {
+void ScrittoreHtml::ScriviCopertina(const CopertinaRelazione& c) {
     const std::string agrave = "&agrave";  // without its semicolon, as the report writes it
     auto campo = [](const std::string& classe, const std::string& etichetta, const std::string& valore) {
         return "<SPAN class='" + classe + "'>" + etichetta + "</SPAN><SPAN class='" +
@@ -300,7 +335,7 @@ void ScrittoreHtml::TitoloSezione(const std::string& titolo) {
     Spazio();
 }
 
-void ScrittoreHtml::Tabella(const TabellaRelazione& t) {
+void ScrittoreHtml::ScriviTabella(const TabellaRelazione& t) {
     TitoloSezione(t.titolo);
     // A table never starts with its title row as the last thing on the page.
     if (spazio_ - kRigaTitoli <= 0) {
@@ -343,7 +378,7 @@ void ScrittoreHtml::Tabella(const TabellaRelazione& t) {
     }
 }
 
-void ScrittoreHtml::Computo(const ComputoRelazione& c) {
+void ScrittoreHtml::ScriviComputo(const ComputoRelazione& c) {
     TitoloSezione(TITOLO_COMPUTO);
     const int larghezzaDN = 170 / 14 + 25;
     for (const MaterialeComputo& m : c.materiali) {
@@ -396,7 +431,7 @@ void ScrittoreHtml::Computo(const ComputoRelazione& c) {
     }
 }
 
-void ScrittoreHtml::Tenuta(const std::vector<VoceTenuta>& voci) {
+void ScrittoreHtml::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
     using T = VoceTenuta::Tipo;
     auto testo = [&](const std::string& s, bool aCapo) {
         Riga("<span class=\"sectionwords\">" + s + "</span>" + (aCapo ? "<br>" : ""));
@@ -457,8 +492,8 @@ void ScrittoreHtml::Tenuta(const std::vector<VoceTenuta>& voci) {
 // The schema on a page of its own, numbered after the pages already written (1 when it is
 // the only section).
 void ScrittoreHtml::PaginaSchema(const std::string& fileSchema, bool altreSezioni) {
-    if (!altreSezioni) pagina = static_cast<int16_t>(pagina - 1);
-    const int16_t q = pagina;
+    if (!altreSezioni) pagina_ = static_cast<int16_t>(pagina_ - 1);
+    const int16_t q = pagina_;
     const int16_t p = static_cast<int16_t>(Posizione(q + 1L));
     IntestazioneDi(p, "' width='80' height='40'>", "mm; width:170mm'>");
     Riga("<IMG src='" + NomeFile(fileSchema) + "' align='middle' style='width:200mm'></IMG><BR>");
@@ -483,83 +518,14 @@ void ScrittoreHtml::Epilogo() {
 
 EsitoStampa PrintHTMLFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
                           Avanzamento& av, Messaggi& msg, const SalvaSchema& schema) {
-    const ReportSelection& s = o.selezione;
-    Esecuzione run(s, av);
+    Esecuzione run(o.selezione, av);
     FileRelazione f;
     EsitoStampa esito;
     try {
         f.Apri(percorso);
-        ScrittoreHtml w(f, d, o, av);
+        ScrittoreHtml w(f, d, o, percorso, schema, av);
         w.Prologo();
-        CalcolaRete(d, a, msg);
-        const bool testo = s.AltreDalloSchema();
-        if (testo) w.Intestazione();
-        int scritte = 0;
-        if (s.Copertina) {
-            run.Inizia(Fase::COPERTINA, "Frontespizio");
-            const CopertinaRelazione c = Copertina(d, a);
-            w.Copertina(c);
-            w.NuovaPagina();
-            ++scritte;
-            run.Avanza();
-        }
-        if (s.Tronchi) {
-            run.Inizia(Fase::TRONCHI, "Tabella dati tronchi");
-            const TabellaRelazione t = TabellaTronchi(d, a);
-            w.Tabella(t);
-            ++scritte;
-            run.Avanza();
-        }
-        if (s.PDCLocalizzate) {
-            run.Inizia(Fase::PERDITE, "Tabella PDC localizzate");
-            const std::vector<TabellaRelazione> tabelle = TabellePerdite(d, a);
-            if (scritte > 0) w.Separatore();
-            for (const TabellaRelazione& t : tabelle) w.Tabella(t);
-            ++scritte;
-            run.Avanza();
-        }
-        if (s.Verifica) {
-            run.Inizia(Fase::PERCORSO, "Verifica percorso piu' sfavorito");
-            const TabellaRelazione t = TabellaPercorso(d, a);
-            if (scritte > 0) w.Separatore();
-            w.Tabella(t);
-            ++scritte;
-            run.Avanza();
-        }
-        if (s.Utenze) {
-            run.Inizia(Fase::UTENZE, "Riepilogo utenze");
-            const TabellaRelazione t = TabellaUtenze(d, a);
-            if (scritte > 0) w.Separatore();
-            w.Tabella(t);
-            ++scritte;
-            run.Avanza();
-        }
-        if (s.Computo) {
-            run.Inizia(Fase::COMPUTO, "Calcolo totale computo ");
-            const ComputoRelazione c = Computo(d, a);
-            run.Inizia(Fase::COMPUTO, "Tabella totale computo ");
-            if (scritte > 0) w.Separatore();
-            w.Computo(c);
-            ++scritte;
-            run.Avanza();
-        }
-        if (s.TenutaImpianto) {
-            run.Inizia(Fase::TENUTA, "Verifica Tenuta impianto");
-            AggiornaTenuta(d);
-            // The record always starts a page of its own, unless it is the first section.
-            if (scritte > 0) w.NuovaPagina();
-            w.Tenuta(TenutaRelazione(d.Tenuta, d.GasCorrente.Nome));
-            ++scritte;
-            run.Avanza();
-        }
-        if (testo) w.PiePagina();
-        if (s.DiagrammaRete && schema) {
-            run.Inizia(Fase::SCHEMA, "DiagrammaRete");
-            const std::string file = FileSchema(d, percorso, true);
-            schema(file);
-            w.PaginaSchema(file, testo);
-            run.Avanza();
-        }
+        PercorriRelazione(d, a, o.selezione, run, w, msg);
         w.Epilogo();
         if (o.logo) CopiaLogo(a, percorso);
         f.Chiudi();

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "calc/Calcolo.h"
 #include "core/Servizi.h"
 #include "reports/Esecuzione.h"
 #include "reports/FileRelazione.h"
@@ -17,22 +16,45 @@ namespace {
 
 constexpr char kTab = '\t';  // SeparatoreTxt
 
-class ScrittoreTxt {
+class ScrittoreTxt final : public Impaginatore {
 public:
-    explicit ScrittoreTxt(FileRelazione& f) : f_(f) {}
+    ScrittoreTxt(FileRelazione& f, const Documento& d, const std::string& percorso, const SalvaSchema& schema)
+        : f_(f), d_(d), percorso_(percorso), schema_(schema) {}
 
-    void Copertina(const CopertinaRelazione& c);
-    void Separatore();
-    void Tabella(const TabellaRelazione& t);
-    void Computo(const ComputoRelazione& c);
-    void Tenuta(const std::vector<VoceTenuta>& voci);
+    // The run's order: from the table of sections on, a rule parts a section from the one
+    // before it.
+    void Copertina(const CopertinaRelazione& c) override;
+    void Tabelle(int, const std::vector<TabellaRelazione>& tabelle, bool dopoAltre) override {
+        if (dopoAltre) Separatore();
+        for (const TabellaRelazione& t : tabelle) Tabella(t);
+    }
+    void Computo(const ComputoRelazione& c, bool dopoAltre) override {
+        if (dopoAltre) Separatore();
+        ScriviComputo(c);
+    }
+    void Tenuta(const std::vector<VoceTenuta>& voci, bool dopoAltre) override {
+        if (dopoAltre) Separatore();
+        ScriviTenuta(voci);
+    }
+    // The picture is saved beside the text, which does not refer to it; its name keeps the
+    // reference as it stands.
+    void Schema() override {
+        if (schema_) schema_(FileSchema(d_, percorso_, false));
+    }
 
 private:
+    void Separatore();
+    void Tabella(const TabellaRelazione& t);
+    void ScriviComputo(const ComputoRelazione& c);
+    void ScriviTenuta(const std::vector<VoceTenuta>& voci);
     void Riga(std::string_view s = {}) { f_.Riga(s); }
     void Vuote(int n) {
         for (int i = 0; i < n; ++i) Riga();
     }
     FileRelazione& f_;
+    const Documento& d_;
+    const std::string& percorso_;
+    const SalvaSchema& schema_;
 };
 
 void ScrittoreTxt::Copertina(const CopertinaRelazione& c) {
@@ -102,7 +124,7 @@ void ScrittoreTxt::Tabella(const TabellaRelazione& t) {
     }
 }
 
-void ScrittoreTxt::Computo(const ComputoRelazione& c) {
+void ScrittoreTxt::ScriviComputo(const ComputoRelazione& c) {
     Riga();
     Riga(TITOLO_COMPUTO);
     Riga();
@@ -123,7 +145,7 @@ void ScrittoreTxt::Computo(const ComputoRelazione& c) {
     Vuote(2);
 }
 
-void ScrittoreTxt::Tenuta(const std::vector<VoceTenuta>& voci) {
+void ScrittoreTxt::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
     using T = VoceTenuta::Tipo;
     for (const VoceTenuta& v : voci) {
         switch (v.tipo) {
@@ -146,53 +168,13 @@ void ScrittoreTxt::Tenuta(const std::vector<VoceTenuta>& voci) {
 
 EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
                          Avanzamento& av, Messaggi& msg, const SalvaSchema& schema) {
-    const ReportSelection& s = o.selezione;
-    Esecuzione run(s, av);
+    Esecuzione run(o.selezione, av);
     FileRelazione f;
     EsitoStampa esito;
     try {
         f.Apri(percorso);
-        ScrittoreTxt w(f);
-        CalcolaRete(d, a, msg);
-        int scritte = 0;
-        if (s.Copertina) {
-            run.Inizia(Fase::COPERTINA, "Frontespizio");
-            w.Copertina(Copertina(d, a));
-            ++scritte;
-            run.Avanza();
-        }
-        // From the table of sections on, a rule parts each section from the one before.
-        auto sezione = [&](int fase, const char* testo, const auto& scrivi) {
-            run.Inizia(fase, testo);
-            if (scritte > 0) w.Separatore();
-            scrivi();
-            ++scritte;
-            run.Avanza();
-        };
-        if (s.Tronchi) sezione(Fase::TRONCHI, "Tabella dati tronchi", [&] { w.Tabella(TabellaTronchi(d, a)); });
-        if (s.PDCLocalizzate)
-            sezione(Fase::PERDITE, "Tabella PDC localizzate", [&] {
-                for (const TabellaRelazione& t : TabellePerdite(d, a)) w.Tabella(t);
-            });
-        if (s.Verifica)
-            sezione(Fase::PERCORSO, "Verifica percorso piu' sfavorito", [&] { w.Tabella(TabellaPercorso(d, a)); });
-        if (s.Utenze) sezione(Fase::UTENZE, "Riepilogo utenze", [&] { w.Tabella(TabellaUtenze(d, a)); });
-        if (s.Computo) {
-            run.Inizia(Fase::COMPUTO, "Calcolo totale computo ");
-            const ComputoRelazione c = Computo(d, a);
-            sezione(Fase::COMPUTO, "Tabella totale computo ", [&] { w.Computo(c); });
-        }
-        if (s.TenutaImpianto)
-            sezione(Fase::TENUTA, "Verifica Tenuta impianto", [&] {
-                AggiornaTenuta(d);
-                w.Tenuta(TenutaRelazione(d.Tenuta, d.GasCorrente.Nome));
-            });
-        if (s.DiagrammaRete && schema) {
-            // The picture is saved beside the text, which does not refer to it.
-            run.Inizia(Fase::SCHEMA, "DiagrammaRete");
-            schema(FileSchema(d, percorso, false));
-            run.Avanza();
-        }
+        ScrittoreTxt w(f, d, percorso, schema);
+        PercorriRelazione(d, a, o.selezione, run, w, msg);
         if (o.logo) CopiaLogo(a, percorso);
         f.Chiudi();
     } catch (const ErroreEsecuzione& e) {
