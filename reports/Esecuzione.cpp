@@ -1,7 +1,6 @@
 #include "reports/Esecuzione.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "calc/Calcolo.h"
 #include "core/Cartelle.h"

@@ -1,5 +1,6 @@
 #include "reports/Relazione.h"
 
+#include <algorithm>
 #include <cmath>
 #include <variant>
 
