@@ -132,15 +132,15 @@ Parametri::Parametri(Archivi& a, Documento& d, Messaggi& msg, QWidget* padre)
     RigaGas(g, 3, 3, QStringLiteral("Indice di Wobbe sup. :"), txtWobbeSup, QStringLiteral("MJ/mc"));
     auto* fam = new QLabel(QStringLiteral("Famiglia :"), car);
     fam->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    g->addWidget(fam, 3, 0);
-    g->addWidget(txtFamiglia, 3, 1, 1, 2);
+    g->addWidget(fam, 4, 0);
+    g->addWidget(txtFamiglia, 4, 1, 1, 5);
     pnlCombustibile = new QLabel(car);
     pnlCombustibile->setObjectName(QStringLiteral("pnlCombustibile"));
     pnlCombustibile->setAlignment(Qt::AlignCenter);
     pnlCombustibile->setFrameShape(QFrame::Panel);
     pnlCombustibile->setFrameShadow(QFrame::Sunken);
     pnlCombustibile->setMinimumHeight(24);
-    g->addWidget(pnlCombustibile, 4, 0, 1, 6);
+    g->addWidget(pnlCombustibile, 5, 0, 1, 6);
     g->setColumnStretch(2, 1);
     lay->addWidget(car);
 
@@ -208,6 +208,7 @@ void Parametri::MostraGas() {
     txtWobbeSup->setText(TestoNumero(g.WobbeSup, 5));
     txtFamiglia->setText(g.NonCombustibile != 0 ? QString()
                                                 : Q(NomeFamiglia(g.Famiglia) + " " + DescrizioneFamiglia(g.Famiglia)));
+    txtFamiglia->setCursorPosition(0);
     const bool brucia = g.NonCombustibile == 0;
     pnlCombustibile->setText(brucia ? QStringLiteral("Gas combustibile") : QStringLiteral("Gas NON combustibile"));
     pnlCombustibile->setStyleSheet(brucia ? QStringLiteral("color: #1a5e1a; font-weight: bold;")

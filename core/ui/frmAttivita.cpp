@@ -41,6 +41,7 @@ frmAttivita::frmAttivita(const clsMRU& mru, QWidget* padre) : QDialog(padre) {
     cmdApri->setIcon(CreaIcona(Icona::Apri));
     le->addWidget(cmdApri);
     auto* recenti = new QLabel(QStringLiteral("File recenti:"), esistente);
+    recenti->setVisible(!mru.GetItem(1).empty());
     le->addWidget(recenti);
     for (size_t i = 0; i < lblMRUFile.size(); ++i) {
         const int n = static_cast<int>(i) + 1;
@@ -54,6 +55,7 @@ frmAttivita::frmAttivita(const clsMRU& mru, QWidget* padre) : QDialog(padre) {
         b->setToolTip(voce);
         // An entry shorter than three characters is no file name.
         b->setEnabled(voce.size() >= 3);
+        b->setVisible(voce.size() >= 3);
         connect(b, &QPushButton::clicked, this, [this, voce] {
             if (voce.size() < 3) return;
             recente_ = voce;
@@ -72,6 +74,7 @@ frmAttivita::frmAttivita(const clsMRU& mru, QWidget* padre) : QDialog(padre) {
     riga->addWidget(cmdESCI);
     lay->addLayout(riga);
     setMinimumWidth(460);
+    lay->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(cmdNewGAS, &QPushButton::clicked, this, [this] { Scegli(Scelta::NuovoInterno); });
     connect(cmdNewMP, &QPushButton::clicked, this, [this] { Scegli(Scelta::NuovoPressione); });

@@ -157,6 +157,7 @@ void GasGrid::Costruisci() {
     Grid->horizontalHeader()->setSectionsMovable(false);
     Grid->horizontalHeader()->setHighlightSections(true);
     Grid->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    Grid->horizontalHeader()->setStretchLastSection(true);
     Grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     Grid->setStyleSheet(QStringLiteral("QTableView { gridline-color: #c8c8c8; selection-background-color: #cfe3f7; "
                                        "selection-color: black; }"));

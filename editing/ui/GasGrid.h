@@ -121,6 +121,7 @@ private:
     void ApriMateriale(int riga, int colonna);
     void PosizionaEditor();
     void ChiudiEditor();
+    void NascondiEditori();
     void Invio();
     void Esc();
     void Freccia(int tasto);

@@ -197,11 +197,17 @@ void GasGrid::PosizionaEditor() {
 void GasGrid::ChiudiEditor() {
     StatoEdit = 1;
     modificaTesto_ = false;
+    NascondiEditori();
+}
+
+// The grid takes the focus before the editors go: hiding the widget that has the focus would
+// pass it on as a Tab does, and the grid would move its cursor one cell on.
+void GasGrid::NascondiEditori() {
     Blocco b(bloccoFuoco_);
+    Grid->setFocus(Qt::OtherFocusReason);
     Text1->hide();
     Combo1->hide();
     cmdDettagliDiametro->hide();
-    Grid->setFocus(Qt::OtherFocusReason);
 }
 
 // ---- Keys of the editors ----
@@ -377,6 +383,7 @@ void GasGrid::PerditaFuocoTesto() {
     }
     {
         Blocco b(bloccoFuoco_);
+        if (Text1->hasFocus()) Grid->setFocus(Qt::OtherFocusReason);
         Text1->hide();
         cmdDettagliDiametro->hide();
     }
@@ -413,6 +420,7 @@ void GasGrid::ChiudiMateriale(bool avanza) {
     const bool scritto = avanza || modificaMateriale_;
     {
         Blocco b(bloccoFuoco_);
+        if (Combo1->hasFocus()) Grid->setFocus(Qt::OtherFocusReason);
         Combo1->hide();
     }
     StatoEdit = 1;

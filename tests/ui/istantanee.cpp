@@ -1,0 +1,126 @@
+// Pictures of the main windows, for looking at the layout: run under xvfb-run, writes PNG
+// files into the folder given (default /tmp).
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTimer>
+
+#include "archives/ui/Parametri.h"
+#include "archives/ui/frmDefaultValue.h"
+#include "archives/ui/frmEquiv.h"
+#include "archives/ui/frmPDC.h"
+#include "archives/ui/frmSpeciali.h"
+#include "archives/ui/ViewDiametriFrm.h"
+#include "core/ui/frmAttivita.h"
+#include "core/ui/frmMainForm.h"
+#include "core/ui/frmSplash.h"
+#include "editing/ui/GasGrid.h"
+#include "editing/ui/ModelloTronchi.h"
+#include "editing/ui/frmDelete.h"
+#include "tests/ui/AmbienteUi.h"
+
+using namespace fornax;
+using namespace fornax::ui;
+
+namespace {
+QString cartella = QStringLiteral("/tmp");
+
+void Salva(QWidget* w, const QString& nome) {
+    QApplication::processEvents();
+    const QString f = QDir(cartella).filePath(QStringLiteral("fornax-%1.png").arg(nome));
+    w->grab().save(f);
+    qInfo("%s %dx%d", qPrintable(f), w->width(), w->height());
+}
+
+void Dialogo(QDialog& d, const QString& nome) {
+    d.show();
+    QApplication::processEvents();
+    Salva(&d, nome);
+    d.close();
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    if (argc > 1) cartella = QString::fromLocal8Bit(argv[1]);
+    auto amb = prova::NuovoAmbiente();
+    amb->s.mru.AddItem(prova::AmbienteUi::Esempio("rete-media-pressione.RTG"));
+    amb->s.mru.AddItem(prova::AmbienteUi::Esempio("appartamento.RTG"));
+
+    frmMainForm form(amb->d, amb->a, amb->s, amb->msg);
+    form.ParametriDopoNuovo = false;
+    form.resize(1366, 740);
+    form.show();
+    Salva(&form, QStringLiteral("vuota"));
+
+    {
+        frmSplash s(false);
+        s.ShowWorking(QStringLiteral("Caricamento archivio gas"));
+        s.ImpostaPasso(2);
+        Dialogo(s, QStringLiteral("splash"));
+    }
+    {
+        frmAttivita f(amb->s.mru, &form);
+        Dialogo(f, QStringLiteral("attivita"));
+    }
+
+    form.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG")));
+    Salva(&form, QStringLiteral("principale-interno"));
+    {
+        Parametri p(amb->a, amb->d, amb->msg, &form);
+        Dialogo(p, QStringLiteral("parametri-interno"));
+    }
+    {
+        frmDefaultValue f(amb->a, amb->d, amb->imp, amb->msg, &form);
+        Dialogo(f, QStringLiteral("default"));
+    }
+    {
+        frmPDC f(amb->a, amb->d, amb->msg, &form);
+        Dialogo(f, QStringLiteral("pdc"));
+    }
+    {
+        ViewDiametriFrm f(&form);
+        f.SetMateriale(amb->a, 1);
+        Dialogo(f, QStringLiteral("diametri"));
+    }
+    {
+        frmDelete f(&form);
+        Dialogo(f, QStringLiteral("cancella"));
+    }
+    {
+        frmEquiv f("RAME-X", 1, amb->a.NomiMateriali(), amb->msg, &form);
+        Dialogo(f, QStringLiteral("equiv"));
+    }
+    // Failing values: a limit imposed far below what the network needs.
+    amb->d.DpMax = 20;
+    form.FinestraDocumento()->InitDPMaxCombo();
+    form.FinestraDocumento()->Elaborazione();
+    Salva(&form, QStringLiteral("griglia-fallita"));
+
+    form.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("rete-media-pressione.RTG")));
+    Salva(&form, QStringLiteral("pressione"));
+    // Failing values: a final pressure that the network can't hold everywhere.
+    amb->d.PressioneFinale = 196;
+    form.FinestraDocumento()->InitInitialPressureCombo();
+    form.FinestraDocumento()->Elaborazione();
+    Salva(&form, QStringLiteral("pressione-fallita"));
+    {
+        Parametri p(amb->a, amb->d, amb->msg, &form);
+        Dialogo(p, QStringLiteral("parametri-pressione"));
+    }
+    {
+        frmSpeciali f(amb->a, amb->msg, &form);
+        Dialogo(f, QStringLiteral("speciali"));
+    }
+    // An editor open on a cell.
+    GasGrid* g = form.FinestraDocumento();
+    g->VaiA(2, g->Modello()->ColonnaDi(Id::ID_DIAMETRO));
+    g->GridEditing(QString());
+    Salva(&form, QStringLiteral("editor-diametro"));
+    amb->d.ReteModificata = FALSO;
+    form.AttivitaDopoChiusura = false;
+    return 0;
+}
