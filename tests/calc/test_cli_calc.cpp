@@ -2,36 +2,24 @@
 // their JSON compared with the expected results, the table and the usage errors.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
 
 #include "tests/calc/ConfrontoJson.h"
+#include "tests/comune/EseguiComando.h"
+
+using fornax::prova::EseguiComando;
+using fornax::prova::Esito;
 
 namespace {
 
 const std::string kAccettazione = std::string(FORNAX_SHARED_DIR) + "/acceptance";
 
-struct Esito {
-    int stato = -1;
-    std::string uscita;
-};
-
 // Runs fornax-cli on the acceptance archives; standard error goes to `errori`.
 Esito Esegui(const std::string& argomenti, const std::string& errori) {
-    const std::string comando = std::string("'") + FORNAX_CLI + "' --data '" + kAccettazione + "/archives' " +
-                                argomenti + " 2>'" + errori + "'";
-    Esito e;
-    FILE* p = popen(comando.c_str(), "r");
-    if (p == nullptr) return e;
-    char buf[4096];
-    size_t n;
-    while ((n = fread(buf, 1, sizeof buf, p)) > 0) e.uscita.append(buf, n);
-    const int s = pclose(p);
-    e.stato = WIFEXITED(s) ? WEXITSTATUS(s) : -1;
-    return e;
+    return EseguiComando(std::string("'") + FORNAX_CLI + "' --data '" + kAccettazione + "/archives' " + argomenti,
+                         errori);
 }
 
 struct CliCalc : ::testing::Test {

@@ -1,35 +1,18 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <string>
 
-#include "tests/comune/CartellaProva.h"
+#include "tests/comune/EseguiComando.h"
 
 using fornax::prova::CartellaProva;
+using fornax::prova::EseguiComando;
+using fornax::prova::Esito;
 
 namespace {
 
-struct Esito {
-    int stato = -1;
-    std::string uscita;  // standard output
-    std::string errori;  // standard error
-};
-
 // Runs fornax-cli with the given arguments (already quoted for the shell).
 Esito Esegui(const CartellaProva& dir, const std::string& argomenti) {
-    const std::string err = dir.Percorso("stderr.txt");
-    const std::string comando = std::string("'") + FORNAX_CLI + "' " + argomenti + " 2>'" + err + "'";
-    Esito e;
-    FILE* p = popen(comando.c_str(), "r");
-    if (!p) return e;
-    char buf[4096];
-    size_t n;
-    while ((n = fread(buf, 1, sizeof buf, p)) > 0) e.uscita.append(buf, n);
-    const int s = pclose(p);
-    e.stato = WIFEXITED(s) ? WEXITSTATUS(s) : -1;
-    e.errori = CartellaProva::LeggiFile(err);
-    return e;
+    return EseguiComando(std::string("'") + FORNAX_CLI + "' " + argomenti, dir.Percorso("stderr.txt"));
 }
 
 struct Cli : ::testing::Test {

@@ -1,24 +1,19 @@
 // fornax-cli report and ditta as a user runs them: files written, exit statuses, messages.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdio>
 #include <ctime>
 #include <fstream>
 #include <string>
 
-#include "tests/comune/CartellaProva.h"
+#include "tests/comune/EseguiComando.h"
 
 using fornax::prova::CartellaProva;
+using fornax::prova::EseguiComando;
+using fornax::prova::Esito;
 
 namespace {
-
-struct Esito {
-    int stato = -1;
-    std::string uscita;
-    std::string errori;
-};
 
 struct CliRelazione : ::testing::Test {
     CartellaProva dir{"cli-relazione"};
@@ -30,19 +25,9 @@ struct CliRelazione : ::testing::Test {
     // Runs fornax-cli with the given arguments (already quoted for the shell) on the copy of
     // the delivered program folder.
     Esito Esegui(const std::string& argomenti) {
-        const std::string err = dir.Percorso("stderr.txt");
-        const std::string comando = "XDG_CONFIG_HOME='" + config.Percorso() + "' '" + FORNAX_CLI + "' --data '" +
-                                    dati.Percorso() + "' " + argomenti + " 2>'" + err + "'";
-        Esito e;
-        FILE* p = popen(comando.c_str(), "r");
-        if (!p) return e;
-        char buf[4096];
-        size_t n;
-        while ((n = fread(buf, 1, sizeof buf, p)) > 0) e.uscita.append(buf, n);
-        const int s = pclose(p);
-        e.stato = WIFEXITED(s) ? WEXITSTATUS(s) : -1;
-        e.errori = CartellaProva::LeggiFile(err);
-        return e;
+        return EseguiComando("XDG_CONFIG_HOME='" + config.Percorso() + "' '" + FORNAX_CLI + "' --data '" +
+                                 dati.Percorso() + "' " + argomenti,
+                             dir.Percorso("stderr.txt"));
     }
     std::string Esempio(const std::string& nome) const {
         return "'" + std::string(FORNAX_SOURCE_DIR) + "/data/esempi/" + nome + "'";
