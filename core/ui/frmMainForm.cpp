@@ -477,7 +477,7 @@ void frmMainForm::MostraAttivita() {
                 break;
             case frmAttivita::Scelta::Apri:
                 ApriMnu();
-                if (!d_.NomeFileProgetto.empty()) return;
+                if (ProgettoAperto()) return;
                 break;
             case frmAttivita::Scelta::Recente: {
                 const QString percorso = f.FileRecente();
