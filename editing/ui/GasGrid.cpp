@@ -324,6 +324,9 @@ void GasGrid::Elaborazione() {
 
 void GasGrid::AggiornaCalcoli() {
     CalcolaRete(d_, a_, *stato_, msg_);
+    // Nothing is painted between two recalculations of one Enter: the grid is written once,
+    // after the second.
+    if (grigliaRinviata_) return;
     ScriviTutte();
     AggiornaTitolo();
     ImmagineDiametro(Row());

@@ -159,6 +159,7 @@ private:
     bool modificaTesto_ = false;  // Text1's tag: a change is pending
     bool modificaMateriale_ = false;  // the material list was changed by the user
     int bloccoFuoco_ = 0;         // a commit or a dialog is running: focus changes commit nothing
+    bool grigliaRinviata_ = false;  // a second recalculation follows at once: write the grid then
 };
 
 }  // namespace fornax::ui

@@ -338,7 +338,9 @@ void GasGrid::Invio() {
     if (IdColonna(c) == Id::ID_DIAMETRO) modello_->ScriviFondo(Row(), c, Colori::GIALLO_PALLIDO);
     {
         Blocco b(bloccoFuoco_);
+        grigliaRinviata_ = s_.RicalcoloAutomatico != FALSO;
         ConfermaCella();
+        grigliaRinviata_ = false;
     }
     Avanza();
 }

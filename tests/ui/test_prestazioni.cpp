@@ -1,0 +1,93 @@
+// Times of the desktop on a full table of 400 sections: opening the project and filling the
+// grid, and one commit with its recalculation and repaint. The best of a few runs is taken, so
+// that a busy machine doesn't make the test fail for the wrong reason.
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+#include <algorithm>
+
+#include "archives/Speciali.h"
+#include "core/documento/Progetto.h"
+#include "editing/ui/GasGrid.h"
+#include "editing/ui/ModelloTronchi.h"
+#include "tests/ui/AmbienteUi.h"
+
+using namespace fornax;
+using namespace fornax::ui;
+
+class TestPrestazioni : public QObject {
+    Q_OBJECT
+
+    // A tree of 400 sections, each section i hanging on i / 2; consumers on the free ends.
+    static std::string Progetto400(prova::AmbienteUi& amb) {
+        const auto nomi = amb.a.NomiMateriali();
+        amb.d.ReteInPressione = FALSO;
+        for (int i = 1; i <= MAX_TRONCHI; ++i) {
+            const int16_t t = NuovoTronco(amb.d, static_cast<int16_t>(i / 2), nomi, amb.a.Default.DefaultMateriale, amb.msg);
+            amb.d.T(t).ID_LEN = 1.0f + static_cast<float>(i % 7);
+            amb.d.T(t).ID_NCURVE = static_cast<int16_t>(i % 3);
+        }
+        for (int i = 1; i <= MAX_TRONCHI; ++i)
+            if (amb.d.T(i).IsUtenza()) amb.d.T(i).ID_P_UTENZE = amb.d.T(i).ID_P_TRONCO = 0.05f;
+        const std::string percorso = amb.cartella.Percorso("grande.RTG");
+        if (!ScriviProgetto(amb.d, amb.a, percorso, amb.msg)) return {};
+        AzzeraRete(amb.d, amb.a.Default);
+        return percorso;
+    }
+
+private slots:
+    void apriReteDi400TronchiERiempireLaGriglia();
+};
+
+void TestPrestazioni::apriReteDi400TronchiERiempireLaGriglia() {
+    auto amb = prova::NuovoAmbiente();
+    const std::string percorso = Progetto400(*amb);
+    QVERIFY(!percorso.empty());
+
+    qint64 apertura = std::numeric_limits<qint64>::max();
+    qint64 conferma = std::numeric_limits<qint64>::max();
+    for (int giro = 0; giro < 3; ++giro) {
+        QElapsedTimer t;
+        t.start();
+        AvanzamentoNullo av;
+        QVERIFY(LeggiProgetto(amb->d, amb->a, percorso, amb->msg, av));
+        GasGrid g(amb->d, amb->a, amb->s, amb->msg);
+        g.resize(1300, 700);
+        g.show();
+        g.NewRete();
+        g.Griglia()->viewport()->repaint();
+        apertura = std::min(apertura, t.nsecsElapsed() / 1000);
+        QCOMPARE(amb->d.NumTronchi(), int16_t(MAX_TRONCHI));
+        QVERIFY(!amb->d.T(MAX_TRONCHI).ID_DIAMETRO.empty());
+        QCOMPARE(g.Modello()->cella(MAX_TRONCHI, 1).testo, QStringLiteral("200"));
+
+        g.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&g));
+        for (int k = 0; k < 3; ++k) {
+            g.VaiA(399, g.Modello()->ColonnaDi(Id::ID_LEN));
+            QElapsedTimer c;
+            c.start();
+            g.GridEditing(QString::number(k + 2));
+            QTest::keyClick(g.EditorTesto(), Qt::Key_Return);
+            g.Griglia()->viewport()->repaint();
+            conferma = std::min(conferma, c.nsecsElapsed() / 1000);
+            QCOMPARE(amb->d.T(399).ID_LEN, static_cast<float>(k + 2));
+        }
+        amb->d.ReteModificata = FALSO;
+    }
+#ifdef __OPTIMIZE__
+    // The figures the user sees: an optimised build (make run, make test).
+    const qint64 fattore = 1;
+#else
+    // A build without optimisation is several times slower; it still has to stay in proportion.
+    const qint64 fattore = 4;
+#endif
+    qInfo("400 tronchi: apertura e griglia %.1f ms, conferma con ricalcolo e ridisegno %.1f ms (limiti x%d)",
+          apertura / 1000.0, conferma / 1000.0, static_cast<int>(fattore));
+    QVERIFY2(apertura < 100000 * fattore, qPrintable(QString::number(apertura / 1000.0)));
+    QVERIFY2(conferma < 30000 * fattore, qPrintable(QString::number(conferma / 1000.0)));
+}
+
+QTEST_MAIN(TestPrestazioni)
+#include "test_prestazioni.moc"
