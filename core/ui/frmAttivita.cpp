@@ -73,7 +73,8 @@ frmAttivita::frmAttivita(const clsMRU& mru, QWidget* padre) : QDialog(padre) {
     cmdESCI->setAutoDefault(false);
     riga->addWidget(cmdESCI);
     lay->addLayout(riga);
-    setMinimumWidth(460);
+    nuovo->setMinimumWidth(460);
+    esistente->setMinimumWidth(460);
     lay->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(cmdNewGAS, &QPushButton::clicked, this, [this] { Scegli(Scelta::NuovoInterno); });

@@ -166,6 +166,12 @@ void GasGrid::Costruisci() {
     Grid->verticalHeader()->setMinimumWidth(Grid->fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 10);
     Grid->installEventFilter(this);
     Grid->viewport()->installEventFilter(this);
+    // The help of the column and the state of the row's diameter follow the cursor.
+    connect(Grid->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& i) {
+        if (!i.isValid()) return;
+        ImmagineDiametro(i.row() + 1);
+        AggiornaPannello();
+    });
     lp->addWidget(Grid, 1);
 
     Text1 = new QLineEdit(Grid->viewport());
@@ -446,9 +452,8 @@ void GasGrid::ImmagineDiametro(int riga) {
         return;
     }
     const bool fisso = d_.T(riga).ID_DIAMCUSTOM != FALSO;
-    imgDiametro->setText(fisso ? QStringLiteral("\U0001F512 Diametro fisso (utente)")
-                               : QStringLiteral("\u2699 Diametro automatico"));
-    imgDiametro->setStyleSheet(fisso ? QStringLiteral("color: rgb(192,0,0);") : QString());
+    imgDiametro->setText(fisso ? QStringLiteral("Diametro fisso (utente)") : QStringLiteral("Diametro automatico"));
+    imgDiametro->setStyleSheet(fisso ? QStringLiteral("color: rgb(192,0,0); font-weight: bold;") : QString());
 }
 
 // ---- Pressure combos ----

@@ -94,7 +94,13 @@ int main(int argc, char** argv) {
         frmEquiv f("RAME-X", 1, amb->a.NomiMateriali(), amb->msg, &form);
         Dialogo(f, QStringLiteral("equiv"));
     }
-    // Failing values: a limit imposed far below what the network needs.
+    // Failing values: the sizes fixed, then a limit imposed far below what they give; the last
+    // section at its material's largest size.
+    form.FinestraDocumento()->BloccaDiametri(true);
+    const Tronco& t3 = amb->d.T(3);
+    const MaterialeTubo& m3 = amb->a.Materiali[static_cast<size_t>(t3.IndiceMateriale)];
+    amb->d.T(3).ID_DIAMETRO = m3.Righe[static_cast<size_t>(m3.NumRighe())].DN;
+    amb->d.T(3).ID_LEN = 300;
     amb->d.DpMax = 20;
     form.FinestraDocumento()->InitDPMaxCombo();
     form.FinestraDocumento()->Elaborazione();
@@ -103,7 +109,9 @@ int main(int argc, char** argv) {
     form.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("rete-media-pressione.RTG")));
     Salva(&form, QStringLiteral("pressione"));
     // Failing values: a final pressure that the network can't hold everywhere.
-    amb->d.PressioneFinale = 196;
+    amb->d.PressioneFinale = 285;
+    amb->d.T(6).ID_DIAMCUSTOM = VERO;
+    amb->d.T(6).ID_DIAMETRO = "20x3";
     form.FinestraDocumento()->InitInitialPressureCombo();
     form.FinestraDocumento()->Elaborazione();
     Salva(&form, QStringLiteral("pressione-fallita"));
