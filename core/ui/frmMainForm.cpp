@@ -229,7 +229,7 @@ void frmMainForm::CreaComandi() {
     barra->addWidget(txtScaleW);
     barra->addAction(actZoomPiu);
     barra->addSeparator();
-    auto* etichettaGas = new QLabel(QStringLiteral(" Tipo di Gas: "), barra);
+    auto* etichettaGas = new QLabel(QStringLiteral(" Tipo di Ga&s: "), barra);
     barra->addWidget(etichettaGas);
     ComboGas = new QComboBox(barra);
     ComboGas->setObjectName(QStringLiteral("ComboGas"));
@@ -377,9 +377,16 @@ QString frmMainForm::ChiediFileSalva() {
     f.setNameFilter(QStringLiteral("Reti (*.rtg *.RTG)"));
     f.setDefaultSuffix(QStringLiteral("rtg"));
     f.setOption(QFileDialog::DontUseNativeDialog, true);
+    // The overwrite is confirmed here, in Italian, rather than by Qt's own question.
+    f.setOption(QFileDialog::DontConfirmOverwrite, true);
     Italiano(f, QStringLiteral("Salva"));
     if (f.exec() != QDialog::Accepted || f.selectedFiles().isEmpty()) return {};
-    return f.selectedFiles().first();
+    const QString scelto = f.selectedFiles().first();
+    if (QFileInfo::exists(scelto) &&
+        msg_.Mostra("Il file " + S(scelto) + " esiste gia'.\r\nSostituirlo?", Box::YESNO | Box::EXCLAMATION,
+                    "Salva con nome") != Risposta::YES)
+        return {};
+    return scelto;
 }
 
 bool frmMainForm::ApriPercorso(const QString& percorso) {

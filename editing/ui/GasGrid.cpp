@@ -109,9 +109,9 @@ void GasGrid::Costruisci() {
     ComboFinalPres = ComboPressione(QStringLiteral("ComboFinalPres"), barraPressione);
     ComboFinalPres->setToolTip(
         QStringLiteral("Pressione relativa minima alla fine di ogni tronco; Auto: il valore di default"));
-    auto* li = new QLabel(QStringLiteral("Pressione iniziale [kPa]:"), barraPressione);
+    auto* li = new QLabel(QStringLiteral("Pressione in&iziale [kPa]:"), barraPressione);
     li->setBuddy(ComboInitPres);
-    auto* lf = new QLabel(QStringLiteral("Pressione finale [kPa]:"), barraPressione);
+    auto* lf = new QLabel(QStringLiteral("Pressione fi&nale [kPa]:"), barraPressione);
     lf->setBuddy(ComboFinalPres);
     bp->addWidget(li);
     bp->addWidget(ComboInitPres);
@@ -126,7 +126,7 @@ void GasGrid::Costruisci() {
     ComboDpMax = ComboPressione(QStringLiteral("ComboDpMax"), barraInterna);
     ComboDpMax->setToolTip(
         QStringLiteral("Perdita di carico massima imposta; Auto: dalla tabella della normativa in vigore"));
-    auto* ld = new QLabel(QStringLiteral("Dp max imposto [Pa]:"), barraInterna);
+    auto* ld = new QLabel(QStringLiteral("D&p max imposto [Pa]:"), barraInterna);
     ld->setBuddy(ComboDpMax);
     bi->addWidget(ld);
     bi->addWidget(ComboDpMax);
