@@ -189,6 +189,8 @@ void Parametri::Aggiorna() {
     Text1->setText(Q(d_.Riferimento));
     Text2->setText(Q(d_.DescrizioneLavoro));
     txtDocumentPath->setText(Q(d_.ArchivioDocumenti));
+    // Long texts show from their beginning.
+    for (QLineEdit* e : {Text1, Text2, txtDocumentPath}) e->setCursorPosition(0);
     optNormativa0->setChecked(d_.Normativa == 1);
     optNormativa1->setChecked(d_.Normativa != 1);
     txtVelocita->setText(TestoNumero(d_.VelocitaMassima));
