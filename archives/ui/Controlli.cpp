@@ -1,7 +1,10 @@
 #include "archives/ui/Controlli.h"
 
 #include <QComboBox>
+#include <QDialog>
+#include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRegularExpressionValidator>
 
 #include "core/Numeri.h"
@@ -29,6 +32,21 @@ void SelezionaTesto(QComboBox* combo, const QString& testo) {
     } else if (combo->isEditable()) {
         combo->setEditText(testo);
     }
+}
+
+QPushButton* BottoniOkAnnulla(QDialog* dialogo, QBoxLayout* lay, const QString& nomeOk, const QString& nomeAnnulla) {
+    auto* bottoni = new QHBoxLayout;
+    bottoni->addStretch(1);
+    auto* ok = new QPushButton(QStringLiteral("OK"), dialogo);
+    ok->setObjectName(nomeOk);
+    ok->setDefault(true);
+    auto* annulla = new QPushButton(QStringLiteral("Annulla"), dialogo);
+    annulla->setObjectName(nomeAnnulla);
+    bottoni->addWidget(ok);
+    bottoni->addWidget(annulla);
+    lay->addLayout(bottoni);
+    QObject::connect(annulla, &QPushButton::clicked, dialogo, &QDialog::reject);
+    return ok;
 }
 
 }  // namespace fornax::ui

@@ -6,9 +6,12 @@
 #include <QValidator>
 #include <string>
 
+class QDialog;
 class QWidget;
 class QLineEdit;
 class QComboBox;
+class QBoxLayout;
+class QPushButton;
 
 namespace fornax::ui {
 
@@ -30,5 +33,9 @@ void RiempiComboPressioni(QComboBox* combo, const QString& prima);
 
 // Selects the item whose text equals `testo` (case ignored), or else shows the text as typed.
 void SelezionaTesto(QComboBox* combo, const QString& testo);
+
+// The row of a dialog's two closing buttons, right-aligned under `lay`: OK (the default button)
+// and "Annulla", named for the tests. Annulla rejects the dialog; the caller connects OK.
+QPushButton* BottoniOkAnnulla(QDialog* dialogo, QBoxLayout* lay, const QString& nomeOk, const QString& nomeAnnulla);
 
 }  // namespace fornax::ui

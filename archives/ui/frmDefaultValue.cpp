@@ -110,19 +110,9 @@ frmDefaultValue::frmDefaultValue(Archivi& a, const Documento& d, Impostazioni& i
     fd->addRow(QStringLiteral("Indirizzo:"), txtDittaRiga2);
     lay->addWidget(fraDitta);
 
-    auto* bottoni = new QHBoxLayout;
-    bottoni->addStretch(1);
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    auto* annulla = new QPushButton(QStringLiteral("Annulla"), this);
-    annulla->setObjectName(QStringLiteral("cmdCancel"));
-    bottoni->addWidget(ok);
-    bottoni->addWidget(annulla);
-    lay->addLayout(bottoni);
+    auto* ok = BottoniOkAnnulla(this, lay, QStringLiteral("cmdOK"), QStringLiteral("cmdCancel"));
     lay->setSizeConstraint(QLayout::SetFixedSize);
     connect(ok, &QPushButton::clicked, this, &frmDefaultValue::cmdOK);
-    connect(annulla, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void frmDefaultValue::cmdOK() {

@@ -60,20 +60,10 @@ frmPDC::frmPDC(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre) : 
     unita->setAlignment(Qt::AlignRight);
     g->addWidget(unita, 3, 2, 1, 3);
     lay->addLayout(g);
-    auto* bottoni = new QHBoxLayout;
-    bottoni->addStretch(1);
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    auto* annulla = new QPushButton(QStringLiteral("Annulla"), this);
-    annulla->setObjectName(QStringLiteral("cmdAnnulla"));
-    bottoni->addWidget(ok);
-    bottoni->addWidget(annulla);
-    lay->addLayout(bottoni);
+    auto* ok = BottoniOkAnnulla(this, lay, QStringLiteral("cmdOK"), QStringLiteral("cmdAnnulla"));
     // The second threshold box repeats the first.
     connect(txtPotenza, &QLineEdit::editingFinished, this, [this] { txtPotenzaBis->setText(txtPotenza->text()); });
     connect(ok, &QPushButton::clicked, this, &frmPDC::cmdOK);
-    connect(annulla, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void frmPDC::cmdOK() {

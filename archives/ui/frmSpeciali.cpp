@@ -60,18 +60,8 @@ frmSpeciali::frmSpeciali(const Archivi& a, Messaggi& msg, QWidget* padre) : QDia
         }
     }
     lay->addLayout(g);
-    auto* bottoni = new QHBoxLayout;
-    bottoni->addStretch(1);
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
-    auto* annulla = new QPushButton(QStringLiteral("Annulla"), this);
-    annulla->setObjectName(QStringLiteral("cmdAnnulla"));
-    bottoni->addWidget(ok);
-    bottoni->addWidget(annulla);
-    lay->addLayout(bottoni);
+    auto* ok = BottoniOkAnnulla(this, lay, QStringLiteral("cmdOK"), QStringLiteral("cmdAnnulla"));
     connect(ok, &QPushButton::clicked, this, &frmSpeciali::cmdOK);
-    connect(annulla, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void frmSpeciali::cmdOK() {
