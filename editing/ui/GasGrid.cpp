@@ -266,44 +266,37 @@ bool GasGrid::HaFigli(int riga) const {
     return !d_.T(riga).IsUtenza();
 }
 
-void GasGrid::ScriviRiga(int r) {
-    if (r < 1 || r >= modello_->Righe()) return;
-    if (r > d_.NumTronchi()) {
-        modello_->SvuotaRigaMuta(r);
-        modello_->Annuncia(r, r);
-        return;
-    }
-    const Verdetti v = VerificaTronco(a_, d_, r);
-    std::vector<ModelloTronchi::Cella> celle(static_cast<size_t>(modello_->UltimaColonna()));
-    for (int c = 1; c <= modello_->UltimaColonna(); ++c) {
-        const ColonnaTabella& col = modello_->Colonna(c);
+namespace {
+
+// The cells of one section as the grid paints them: texts and the colours of the verdicts.
+std::vector<ModelloTronchi::Cella> CelleRiga(const Documento& d, const Archivi& a, const ModelloTronchi& modello,
+                                             int r) {
+    const Verdetti v = VerificaTronco(a, d, r);
+    std::vector<ModelloTronchi::Cella> celle(static_cast<size_t>(modello.UltimaColonna()));
+    for (int c = 1; c <= modello.UltimaColonna(); ++c) {
+        const ColonnaTabella& col = modello.Colonna(c);
         if (col.Id == 0) continue;
-        const AspettoCella s = AspettoDi(d_, a_, r, col, v);
+        const AspettoCella s = AspettoDi(d, a, r, col, v);
         auto& x = celle[static_cast<size_t>(c - 1)];
         x.testo = Q(s.testo);
         x.inchiostro = ColoreInchiostro(s.inchiostro);
         x.fondo = ColoreFondo(s.fondo);
     }
-    modello_->ScriviRigaMuta(r, std::move(celle));
+    return celle;
+}
+
+}  // namespace
+
+void GasGrid::ScriviRiga(int r) {
+    if (r < 1 || r >= modello_->Righe()) return;
+    if (r > d_.NumTronchi()) modello_->SvuotaRigaMuta(r);
+    else modello_->ScriviRigaMuta(r, CelleRiga(d_, a_, *modello_, r));
     modello_->Annuncia(r, r);
 }
 
 void GasGrid::ScriviTutte() {
     const int n = std::min<int>(d_.NumTronchi(), modello_->Righe() - 1);
-    for (int r = 1; r <= n; ++r) {
-        const Verdetti v = VerificaTronco(a_, d_, r);
-        std::vector<ModelloTronchi::Cella> celle(static_cast<size_t>(modello_->UltimaColonna()));
-        for (int c = 1; c <= modello_->UltimaColonna(); ++c) {
-            const ColonnaTabella& col = modello_->Colonna(c);
-            if (col.Id == 0) continue;
-            const AspettoCella s = AspettoDi(d_, a_, r, col, v);
-            auto& x = celle[static_cast<size_t>(c - 1)];
-            x.testo = Q(s.testo);
-            x.inchiostro = ColoreInchiostro(s.inchiostro);
-            x.fondo = ColoreFondo(s.fondo);
-        }
-        modello_->ScriviRigaMuta(r, std::move(celle));
-    }
+    for (int r = 1; r <= n; ++r) modello_->ScriviRigaMuta(r, CelleRiga(d_, a_, *modello_, r));
     for (int r = n + 1; r < modello_->Righe(); ++r) modello_->SvuotaRigaMuta(r);
     // One notice for the whole grid: the view repaints once, without flicker.
     modello_->Annuncia(1, modello_->Righe() - 1);
