@@ -271,14 +271,18 @@ std::vector<ColonnaRelazione> ColonneRelazione(const Archivi& a, int tabella) {
     return colonne;
 }
 
+// The rows of every section the last calculation reached, in index order.
+static void AggiungiRigheVisitate(const Documento& d, const Archivi& a, const Regole& r, TabellaRelazione& t) {
+    for (int i = 1; i <= d.NumTronchi(); ++i)
+        if (d.T(i).Visitato != 0) t.righe.push_back(Riga(d, a, r, i, t.colonne));
+}
+
 TabellaRelazione TabellaTronchi(const Documento& d, const Archivi& a) {
     const bool pressione = d.ReteInPressione != 0;
     TabellaRelazione t;
     t.titolo = TITOLO_TRONCHI;
     t.colonne = ColonneRelazione(a, NumeriTabelle(pressione).tronchi);
-    const Regole r = RegoleDi(Genere::Tronchi, pressione);
-    for (int i = 1; i <= d.NumTronchi(); ++i)
-        if (d.T(i).Visitato != 0) t.righe.push_back(Riga(d, a, r, i, t.colonne));
+    AggiungiRigheVisitate(d, a, RegoleDi(Genere::Tronchi, pressione), t);
     return t;
 }
 
@@ -298,17 +302,13 @@ std::vector<TabellaRelazione> TabellePerdite(const Documento& d, const Archivi& 
             }
         }
     }
-    const Regole r = RegoleDi(Genere::Perdite, pressione);
-    for (int i = 1; i <= d.NumTronchi(); ++i)
-        if (d.T(i).Visitato != 0) t.righe.push_back(Riga(d, a, r, i, t.colonne));
+    AggiungiRigheVisitate(d, a, RegoleDi(Genere::Perdite, pressione), t);
     tabelle.push_back(std::move(t));
     if (pressione) {
         TabellaRelazione l;
         l.titolo = TITOLO_LUNGHEZZE;
         l.colonne = ColonneRelazione(a, 10);
-        const Regole r2 = RegoleDi(Genere::Perdite, true, true);
-        for (int i = 1; i <= d.NumTronchi(); ++i)
-            if (d.T(i).Visitato != 0) l.righe.push_back(Riga(d, a, r2, i, l.colonne));
+        AggiungiRigheVisitate(d, a, RegoleDi(Genere::Perdite, true, true), l);
         tabelle.push_back(std::move(l));
     }
     return tabelle;
