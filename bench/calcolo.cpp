@@ -8,7 +8,7 @@
 
 #include "calc/Calcolo.h"
 #include "core/ServiziProva.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 
 using namespace fornax;
 

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "core/ServiziProva.h"
-#include "core/documento/Progetto.h"
-#include "core/documento/Sessione.h"
+#include "documento/Progetto.h"
+#include "documento/Sessione.h"
 
 using namespace fornax;
 

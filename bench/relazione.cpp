@@ -10,7 +10,7 @@
 
 #include "archives/Materiali.h"
 #include "core/ServiziProva.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 #include "leaktest/AperturaTenuta.h"
 #include "reports/Stampa.h"
 

@@ -4,8 +4,8 @@
 
 #include "core/Numeri.h"
 #include "core/Testo.h"
-#include "core/documento/Progetto.h"
-#include "core/documento/Sessione.h"
+#include "documento/Progetto.h"
+#include "documento/Sessione.h"
 
 namespace fornax::cli {
 

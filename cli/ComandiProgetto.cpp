@@ -8,7 +8,7 @@
 #include "cli/Caricamento.h"
 #include "cli/Tabella.h"
 #include "core/Numeri.h"
-#include "core/documento/Progetto.h"
+#include "documento/Progetto.h"
 #include "leaktest/AperturaTenuta.h"
 
 namespace fornax::cli {

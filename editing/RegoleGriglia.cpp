@@ -9,7 +9,7 @@
 #include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
+#include "documento/Campi.h"
 
 namespace fornax {
 

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "core/ServiziProva.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 #include "archives/Speciali.h"
 
 using namespace fornax;

@@ -1,7 +1,7 @@
 #include "leaktest/AperturaTenuta.h"
 
 #include "calc/Computo.h"
-#include "core/documento/Tenuta.h"
+#include "documento/Tenuta.h"
 
 namespace fornax {
 

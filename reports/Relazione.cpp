@@ -10,7 +10,7 @@
 #include "calc/Verifica.h"
 #include "core/Numeri.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
+#include "documento/Campi.h"
 
 namespace fornax {
 

@@ -8,7 +8,7 @@
 
 #include "archives/Archivi.h"
 #include "core/Documento.h"
-#include "core/documento/Progetto.h"
+#include "documento/Progetto.h"
 #include "reports/Relazione.h"
 
 namespace fornax {

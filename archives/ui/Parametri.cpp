@@ -19,7 +19,7 @@
 #include "archives/Gas.h"
 #include "archives/Materiali.h"
 #include "archives/Pdc.h"
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 

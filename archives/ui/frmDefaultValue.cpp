@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 #include "archives/Default.h"
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
 

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/Servizi.h"
 
 namespace fornax::ui {
@@ -54,6 +54,15 @@ void frmEquiv::Procedi() {
     }
     valore_ = r + 1;
     accept();
+}
+
+void UsaDialogoSostituzioni(MessaggiQt& msg) {
+    msg.ImpostaSceltaSostituto([&msg](QWidget* padre, const std::string& nome, int tipo,
+                                      const std::vector<std::string>& elenco) {
+        frmEquiv f(nome, tipo, elenco, msg, padre);
+        f.exec();
+        return f.value();
+    });
 }
 
 }  // namespace fornax::ui

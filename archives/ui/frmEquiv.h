@@ -10,9 +10,7 @@ class QLabel;
 class QListWidget;
 class QPushButton;
 
-namespace fornax {
-class Messaggi;
-}
+#include "core/ui/MessaggiQt.h"
 
 namespace fornax::ui {
 
@@ -35,5 +33,8 @@ private:
     QPushButton* Command1;
     int valore_ = 0;
 };
+
+// Makes the dialog the answer of `msg` to a name the archives lack.
+void UsaDialogoSostituzioni(MessaggiQt& msg);
 
 }  // namespace fornax::ui

@@ -9,7 +9,7 @@
 
 #include "archives/Gas.h"
 #include "archives/Pdc.h"
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 

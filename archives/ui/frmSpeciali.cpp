@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "archives/Speciali.h"
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/Testo.h"
 
 namespace fornax::ui {

@@ -4,8 +4,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "archives/ui/Controlli.h"
-#include "archives/ui/frmEquiv.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 
@@ -71,9 +70,7 @@ int MessaggiQt::Mostra(const std::string& testo, int flags, const std::string& t
 
 int MessaggiQt::ScegliSostituto(const std::string& nome, int tipo, const std::vector<std::string>& elenco) {
     QWidget* padre = padre_ ? padre_.data() : QApplication::activeWindow();
-    frmEquiv f(nome, tipo, elenco, *this, padre);
-    f.exec();
-    return f.value();
+    return scelta_ ? scelta_(padre, nome, tipo, elenco) : 0;
 }
 
 }  // namespace fornax::ui

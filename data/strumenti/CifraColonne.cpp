@@ -23,7 +23,7 @@
 #include "core/Colonne.h"
 #include "core/FileTesto.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
+#include "documento/Campi.h"
 
 namespace {
 

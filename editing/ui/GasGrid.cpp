@@ -17,7 +17,7 @@
 #include <cmath>
 
 #include "archives/Pdc.h"
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "calc/Verifica.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"

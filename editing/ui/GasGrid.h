@@ -12,7 +12,7 @@
 
 #include "archives/Archivi.h"
 #include "calc/Calcolo.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 
 class QComboBox;
 class QLabel;

@@ -14,7 +14,7 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "archives/ui/ViewDiametriFrm.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"

@@ -3,7 +3,7 @@
 #include <QBrush>
 #include <algorithm>
 
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/Testo.h"
 
 namespace fornax::ui {

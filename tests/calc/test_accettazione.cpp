@@ -10,8 +10,8 @@
 #include "calc/Calcolo.h"
 #include "calc/RisultatiJson.h"
 #include "core/ServiziProva.h"
-#include "core/documento/Progetto.h"
-#include "core/documento/Sessione.h"
+#include "documento/Progetto.h"
+#include "documento/Sessione.h"
 #include "tests/calc/ConfrontoJson.h"
 
 using namespace fornax;

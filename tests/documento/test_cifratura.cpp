@@ -19,7 +19,7 @@
 #include "core/Servizi.h"
 #include "core/ServiziProva.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
+#include "documento/Campi.h"
 
 namespace fornax {
 namespace {

@@ -14,8 +14,8 @@
 #include "core/Documento.h"
 #include "core/Servizi.h"
 #include "core/ServiziProva.h"
-#include "core/documento/Progetto.h"
-#include "core/documento/Sessione.h"
+#include "documento/Progetto.h"
+#include "documento/Sessione.h"
 #include "leaktest/AperturaTenuta.h"
 
 namespace fornax {

@@ -8,9 +8,9 @@
 #include "archives/Materiali.h"
 #include "core/ServiziProva.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
-#include "core/documento/Progetto.h"
-#include "core/documento/Sessione.h"
+#include "documento/Campi.h"
+#include "documento/Progetto.h"
+#include "documento/Sessione.h"
 #include "tests/comune/CartellaProva.h"
 
 using namespace fornax;

@@ -12,7 +12,7 @@
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "core/ServiziProva.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 #include "tests/comune/CartellaProva.h"
 
 namespace fornax::prova {

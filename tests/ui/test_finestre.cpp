@@ -24,9 +24,9 @@
 #include "archives/ui/frmPDC.h"
 #include "archives/ui/frmSpeciali.h"
 #include "core/Numeri.h"
-#include "core/documento/Progetto.h"
+#include "documento/Progetto.h"
 #include "core/ui/MessaggiQt.h"
-#include "core/ui/frmMainForm.h"
+#include "app/frmMainForm.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "editing/ui/frmDelete.h"
@@ -201,6 +201,7 @@ void TestFinestre::sostituzioniDiGasETubazioni() {
     amb->cartella.ScriviByte("ignoto.RTG", testo);
 
     MessaggiQt msg;
+    UsaDialogoSostituzioni(msg);
     std::vector<QString> avvisi;
     std::vector<QString> liste;
     int tentativiMateriale = 0;

@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "archives/Speciali.h"
-#include "core/documento/Progetto.h"
+#include "documento/Progetto.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "tests/ui/AmbienteUi.h"

@@ -10,8 +10,8 @@
 #include "calc/Calcolo.h"
 #include "calc/Verifica.h"
 #include "core/ServiziProva.h"
-#include "core/documento/Progetto.h"
-#include "core/documento/Sessione.h"
+#include "documento/Progetto.h"
+#include "documento/Sessione.h"
 #include "editing/Cancellazione.h"
 #include "editing/RegoleGriglia.h"
 

@@ -10,10 +10,10 @@
 #include <fstream>
 
 #include "core/ImpostazioniFile.h"
-#include "core/documento/Progetto.h"
-#include "core/ui/Avvio.h"
-#include "core/ui/frmAttivita.h"
-#include "core/ui/frmMainForm.h"
+#include "documento/Progetto.h"
+#include "app/Avvio.h"
+#include "app/frmAttivita.h"
+#include "app/frmMainForm.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "tests/ui/AmbienteUi.h"

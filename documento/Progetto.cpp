@@ -1,4 +1,4 @@
-#include "core/documento/Progetto.h"
+#include "documento/Progetto.h"
 
 #include <cctype>
 #include <vector>
@@ -12,8 +12,8 @@
 #include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
-#include "core/documento/Tenuta.h"
+#include "documento/Campi.h"
+#include "documento/Tenuta.h"
 
 namespace fornax {
 

@@ -1,4 +1,4 @@
-#include "core/documento/Tenuta.h"
+#include "documento/Tenuta.h"
 
 #include <cstdint>
 #include <variant>

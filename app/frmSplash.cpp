@@ -1,4 +1,4 @@
-#include "core/ui/frmSplash.h"
+#include "app/frmSplash.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -8,7 +8,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
 
 #ifndef FORNAX_VERSION

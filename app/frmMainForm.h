@@ -10,7 +10,7 @@
 
 #include "archives/Archivi.h"
 #include "core/Documento.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 #include "core/ui/MessaggiQt.h"
 
 class QAction;

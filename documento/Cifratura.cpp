@@ -12,7 +12,7 @@
 // code would be 254 (Windows-1252 245..251, "õ" to "û", where the shift makes them look like a
 // tab). The tool that builds the file checks every line by unscrambling it again.
 
-#include "core/documento/Campi.h"
+#include "documento/Campi.h"
 
 #include "core/Testo.h"
 

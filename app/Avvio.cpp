@@ -1,4 +1,6 @@
-#include "core/ui/Avvio.h"
+#include "app/Avvio.h"
+
+#include "archives/ui/frmEquiv.h"
 
 #include <QApplication>
 #include <QDir>
@@ -9,14 +11,14 @@
 #include <QTimer>
 #include <memory>
 
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "core/ImpostazioniFile.h"
 #include "core/Numeri.h"
 #include "core/Testo.h"
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 #include "core/ui/MessaggiQt.h"
-#include "core/ui/frmMainForm.h"
-#include "core/ui/frmSplash.h"
+#include "app/frmMainForm.h"
+#include "app/frmSplash.h"
 #include "editing/ui/GasGrid.h"
 
 namespace fornax::ui {
@@ -64,6 +66,7 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     splash->WriteVersionInfo();
     splash->ImpostaPasso(1);
     AvanzamentoSplash av(splash.get());
+    UsaDialogoSostituzioni(p->msg);
     p->msg.ImpostaPadre(splash.get());
     if (!CaricaArchivi(p->a, p->d, cartellaProgramma, av, p->msg)) return 1;
     p->s.mru.Setup("MRUFileList", 4);

@@ -3,7 +3,7 @@
 #include <QFont>
 
 #include "core/Cartelle.h"
-#include "core/ui/Avvio.h"
+#include "app/Avvio.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

@@ -1,4 +1,4 @@
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 
 #include <QComboBox>
 #include <QDialog>

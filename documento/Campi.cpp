@@ -1,4 +1,4 @@
-#include "core/documento/Campi.h"
+#include "documento/Campi.h"
 
 #include <cmath>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "core/ui/frmMainForm.h"
+#include "app/frmMainForm.h"
 
 #include <QAction>
 #include <QApplication>
@@ -20,7 +20,7 @@
 
 #include "archives/Pdc.h"
 #include "archives/Speciali.h"
-#include "archives/ui/Controlli.h"
+#include "core/ui/Controlli.h"
 #include "archives/ui/Parametri.h"
 #include "archives/ui/frmDefaultValue.h"
 #include "archives/ui/frmPDC.h"
@@ -29,8 +29,8 @@
 #include "core/Numeri.h"
 #include "core/Testo.h"
 #include "core/ui/Icone.h"
-#include "core/ui/frmAttivita.h"
-#include "core/ui/frmSplash.h"
+#include "app/frmAttivita.h"
+#include "app/frmSplash.h"
 #include "editing/ui/GasGrid.h"
 
 namespace fornax::ui {

@@ -1,4 +1,4 @@
-#include "core/ui/frmAttivita.h"
+#include "app/frmAttivita.h"
 
 #include <QCommandLinkButton>
 #include <QFileInfo>
@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "archives/ui/Controlli.h"
-#include "core/documento/Sessione.h"
+#include "core/ui/Controlli.h"
+#include "documento/Sessione.h"
 #include "core/ui/Icone.h"
 
 namespace fornax::ui {

@@ -1,4 +1,4 @@
-#include "core/documento/Sessione.h"
+#include "documento/Sessione.h"
 
 #include "archives/Default.h"
 #include "archives/Gas.h"
@@ -8,8 +8,8 @@
 #include "core/Cartelle.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
-#include "core/documento/Campi.h"
-#include "core/documento/Progetto.h"
+#include "documento/Campi.h"
+#include "documento/Progetto.h"
 
 namespace fornax {
 
