@@ -14,7 +14,7 @@ using namespace fornax;
 
 namespace {
 
-const std::string kArchivi = std::string(FORNAX_SHARED_DIR) + "/acceptance/archives";
+const std::string kArchivi = std::string(FORNAX_ACCETTAZIONE_DIR) + "/archives";
 
 struct Rete400 {
     std::unique_ptr<Archivi> a = std::make_unique<Archivi>();

@@ -19,7 +19,7 @@ using fornax::prova::Json;
 
 namespace {
 
-const std::string kAccettazione = std::string(FORNAX_SHARED_DIR) + "/acceptance";
+const std::string kAccettazione = std::string(FORNAX_ACCETTAZIONE_DIR);
 
 class Accettazione : public ::testing::TestWithParam<std::string> {};
 

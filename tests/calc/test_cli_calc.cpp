@@ -14,7 +14,7 @@ using fornax::prova::Esito;
 
 namespace {
 
-const std::string kAccettazione = std::string(FORNAX_SHARED_DIR) + "/acceptance";
+const std::string kAccettazione = std::string(FORNAX_ACCETTAZIONE_DIR);
 
 // Runs fornax-cli on the acceptance archives; standard error goes to `errori`.
 Esito Esegui(const std::string& argomenti, const std::string& errori) {

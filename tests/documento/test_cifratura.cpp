@@ -62,7 +62,7 @@ size_t Caratteri(const std::string& utf8) {
 }
 
 TEST(Cifratura, UnFileDiColonneScrittoAltroveSiLeggeComeIlSuoTestoInChiaro) {
-    const std::filesystem::path cartella = std::filesystem::path(FORNAX_SHARED_DIR) / "acceptance" / "reports";
+    const std::filesystem::path cartella = std::filesystem::path(FORNAX_ACCETTAZIONE_DIR) / "reports";
     const std::vector<std::string> attese = Righe(LeggiTutto(cartella / "gridgas-source.txt"));
     ASSERT_GT(attese.size(), 100u);
     StesseRighe(Decodificate(cartella / "program" / "gridgas.cne"), attese);

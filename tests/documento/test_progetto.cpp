@@ -18,7 +18,7 @@ using fornax::prova::CartellaProva;
 
 namespace {
 
-const std::string ACCETTAZIONE = FORNAX_SHARED_DIR "/acceptance";
+const std::string ACCETTAZIONE = FORNAX_ACCETTAZIONE_DIR;
 
 // A program folder with the acceptance archives, where saving may write the firm's defaults.
 struct Progetti : ::testing::Test {

@@ -13,7 +13,7 @@ using fornax::prova::ProgettoAperto;
 
 namespace {
 
-const std::string kAccettazione = std::string(FORNAX_SHARED_DIR) + "/acceptance";
+const std::string kAccettazione = std::string(FORNAX_ACCETTAZIONE_DIR);
 
 class Accettazione : public ::testing::TestWithParam<const char*> {};
 

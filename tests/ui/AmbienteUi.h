@@ -37,7 +37,7 @@ struct AmbienteUi {
         return std::string(FORNAX_SOURCE_DIR) + "/data/esempi/" + nome;
     }
     static std::string Accettazione(const std::string& nome) {
-        return std::string(FORNAX_SHARED_DIR) + "/acceptance/projects/" + nome;
+        return std::string(FORNAX_ACCETTAZIONE_DIR) + "/projects/" + nome;
     }
 };
 

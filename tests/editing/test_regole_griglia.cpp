@@ -304,7 +304,7 @@ TEST(AspettoCelle, ColoriDeiVerdetti) {
 }
 
 TEST(AspettoCelle, ReteCalcolataConPercorsiOltreIlLimite) {
-    const std::string accettazione = std::string(FORNAX_SHARED_DIR) + "/acceptance";
+    const std::string accettazione = std::string(FORNAX_ACCETTAZIONE_DIR);
     auto b = std::make_unique<Banco>(accettazione + "/archives");
     AvanzamentoNullo av;
     ASSERT_TRUE(LeggiProgetto(b->d, b->a, accettazione + "/projects/i14_dpmax_low_2008.RTG",
