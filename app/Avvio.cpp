@@ -11,14 +11,14 @@
 #include <QTimer>
 #include <memory>
 
-#include "core/ui/Controlli.h"
+#include "app/frmMainForm.h"
+#include "app/frmSplash.h"
 #include "core/ImpostazioniFile.h"
 #include "core/Numeri.h"
 #include "core/Testo.h"
-#include "documento/Sessione.h"
+#include "core/ui/Controlli.h"
 #include "core/ui/MessaggiQt.h"
-#include "app/frmMainForm.h"
-#include "app/frmSplash.h"
+#include "documento/Sessione.h"
 #include "editing/ui/GasGrid.h"
 
 namespace fornax::ui {
@@ -55,7 +55,8 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     QLockFile blocco(FileBlocco());
     blocco.setStaleLockTime(0);
     if (!blocco.tryLock(100)) {
-        QMessageBox::information(nullptr, QStringLiteral("Fornax"), QStringLiteral("E' gia' aperta una sessione di Fornax."));
+        QMessageBox::information(nullptr, QStringLiteral("Fornax"),
+                                 QStringLiteral("E' gia' aperta una sessione di Fornax."));
         return 0;
     }
 
@@ -92,8 +93,10 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     }
     // Speed and pressures start from the defaults, also for the project just opened.
     const TestiDefault& def = p->a.Default;
-    p->d.VelocitaMassima = Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
-    p->d.PressioneIniziale = Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
+    p->d.VelocitaMassima =
+        Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
+    p->d.PressioneIniziale =
+        Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
     p->d.PressioneFinale = Trim(def.DefaultPressioneFinale).empty() ? 150.0 : LeggiNumero(def.DefaultPressioneFinale);
     if (form.ProgettoAperto()) {
         form.FinestraDocumento()->InitInitialPressureCombo();

@@ -9,8 +9,8 @@
 #include <QVBoxLayout>
 
 #include "core/ui/Controlli.h"
-#include "documento/Sessione.h"
 #include "core/ui/Icone.h"
+#include "documento/Sessione.h"
 
 namespace fornax::ui {
 
@@ -49,8 +49,9 @@ frmAttivita::frmAttivita(const clsMRU& mru, QWidget* padre) : QDialog(padre) {
         auto* b = new QPushButton(esistente);
         b->setObjectName(QStringLiteral("lblMRUFile%1").arg(i));
         b->setFlat(true);
-        b->setStyleSheet(QStringLiteral("QPushButton { text-align: left; padding: 3px 8px; }"
-                                        "QPushButton:hover:enabled { color: #1f5fb0; text-decoration: underline; }"));
+        b->setStyleSheet(
+            QStringLiteral("QPushButton { text-align: left; padding: 3px 8px; }"
+                           "QPushButton:hover:enabled { color: #1f5fb0; text-decoration: underline; }"));
         b->setText(QStringLiteral(" %1. %2").arg(n).arg(QFileInfo(voce).fileName()));
         b->setToolTip(voce);
         // An entry shorter than three characters is no file name.

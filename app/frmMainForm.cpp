@@ -18,9 +18,10 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "app/frmAttivita.h"
+#include "app/frmSplash.h"
 #include "archives/Pdc.h"
 #include "archives/Speciali.h"
-#include "core/ui/Controlli.h"
 #include "archives/ui/Parametri.h"
 #include "archives/ui/frmDefaultValue.h"
 #include "archives/ui/frmPDC.h"
@@ -28,9 +29,8 @@
 #include "core/Cartelle.h"
 #include "core/Numeri.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
-#include "app/frmAttivita.h"
-#include "app/frmSplash.h"
 #include "editing/ui/GasGrid.h"
 
 namespace fornax::ui {
@@ -69,11 +69,12 @@ frmMainForm::frmMainForm(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, Q
     centro_ = new QStackedWidget(this);
     vuoto_ = new QWidget(centro_);
     auto* lv = new QVBoxLayout(vuoto_);
-    auto* invito = new QLabel(QStringLiteral("<p style='font-size:15pt; color:#5a6b80'>Nessun progetto aperto</p>"
-                                             "<p style='color:#6b7785'>File &rarr; <b>Nuovo progetto</b> per un impianto "
-                                             "interno o una rete in pressione,<br>File &rarr; <b>Apri progetto...</b> "
-                                             "per un file .RTG esistente.</p>"),
-                              vuoto_);
+    auto* invito =
+        new QLabel(QStringLiteral("<p style='font-size:15pt; color:#5a6b80'>Nessun progetto aperto</p>"
+                                  "<p style='color:#6b7785'>File &rarr; <b>Nuovo progetto</b> per un impianto "
+                                  "interno o una rete in pressione,<br>File &rarr; <b>Apri progetto...</b> "
+                                  "per un file .RTG esistente.</p>"),
+                   vuoto_);
     invito->setAlignment(Qt::AlignCenter);
     lv->addWidget(invito);
     centro_->addWidget(vuoto_);
@@ -108,7 +109,8 @@ void frmMainForm::CreaComandi() {
           cursore = Icona::CursoreBloccato, diametri = Icona::DiametriBloccati, piu = Icona::ZoomPiu,
           meno = Icona::ZoomMeno;
 
-    actNuovo = azione(QStringLiteral("&Nuovo progetto"), &nuovo, QStringLiteral("Nuovo progetto"), &frmMainForm::NuovoMnu);
+    actNuovo =
+        azione(QStringLiteral("&Nuovo progetto"), &nuovo, QStringLiteral("Nuovo progetto"), &frmMainForm::NuovoMnu);
     actNuovo->setObjectName(QStringLiteral("NuovoMnu"));
     actNuovo->setShortcut(QKeySequence::New);
     actApri = azione(QStringLiteral("&Apri progetto..."), &apri, QStringLiteral("Apri File"), &frmMainForm::ApriMnu);
@@ -138,9 +140,9 @@ void frmMainForm::CreaComandi() {
     actCalcola = azione(QStringLiteral("&Ricalcolo della Rete"), &calcola, QStringLiteral("Ricalcolo della Rete"),
                         &frmMainForm::CommandCalculate);
     actCalcola->setObjectName(QStringLiteral("CommandCalculate"));
-    actAutomatico = azione(QStringLiteral("Calcolo &automatico"), &automatico,
-                           QStringLiteral("Abilita o Disabilita il Calcolo Automatico"),
-                           &frmMainForm::CommandAutomaticRecalculate);
+    actAutomatico =
+        azione(QStringLiteral("Calcolo &automatico"), &automatico,
+               QStringLiteral("Abilita o Disabilita il Calcolo Automatico"), &frmMainForm::CommandAutomaticRecalculate);
     actAutomatico->setObjectName(QStringLiteral("CommandAutomaticRecalculate"));
     actAutomatico->setCheckable(true);
     actCursore = azione(QStringLiteral("&Blocca il cursore"), &cursore, QStringLiteral("Blocca o Sblocca il Cursore"),
@@ -283,9 +285,10 @@ void frmMainForm::AggiornaComandi() {
         lblStato->clear();
         return;
     }
-    const QString tipo = d_.ReteInPressione != 0 ? QStringLiteral("Rete gas in pressione")
-                                                 : (d_.Normativa == 1 ? QStringLiteral("Impianto interno - UNI 7129 (1992)")
-                                                                      : QStringLiteral("Impianto interno - UNI 7129 (2008)"));
+    const QString tipo = d_.ReteInPressione != 0
+                             ? QStringLiteral("Rete gas in pressione")
+                             : (d_.Normativa == 1 ? QStringLiteral("Impianto interno - UNI 7129 (1992)")
+                                                  : QStringLiteral("Impianto interno - UNI 7129 (2008)"));
     lblStato->setText(QStringLiteral("%1   |   Gas: %2   |   Tronchi: %3%4")
                           .arg(tipo, Q(d_.GasCorrente.Nome))
                           .arg(d_.NumTronchi())
@@ -382,9 +385,8 @@ QString frmMainForm::ChiediFileSalva() {
     Italiano(f, QStringLiteral("Salva"));
     if (f.exec() != QDialog::Accepted || f.selectedFiles().isEmpty()) return {};
     const QString scelto = f.selectedFiles().first();
-    if (QFileInfo::exists(scelto) &&
-        msg_.Mostra("Il file " + S(scelto) + " esiste gia'.\r\nSostituirlo?", Box::YESNO | Box::EXCLAMATION,
-                    "Salva con nome") != Risposta::YES)
+    if (QFileInfo::exists(scelto) && msg_.Mostra("Il file " + S(scelto) + " esiste gia'.\r\nSostituirlo?",
+                                                 Box::YESNO | Box::EXCLAMATION, "Salva con nome") != Risposta::YES)
         return {};
     return scelto;
 }
@@ -495,8 +497,11 @@ void frmMainForm::MostraAttivita() {
                 if (ApriPercorso(percorso)) return;
                 break;
             }
-            case frmAttivita::Scelta::Esci: close(); return;
-            case frmAttivita::Scelta::Nessuna: return;
+            case frmAttivita::Scelta::Esci:
+                close();
+                return;
+            case frmAttivita::Scelta::Nessuna:
+                return;
         }
     }
 }

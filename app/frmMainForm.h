@@ -10,8 +10,8 @@
 
 #include "archives/Archivi.h"
 #include "core/Documento.h"
-#include "documento/Sessione.h"
 #include "core/ui/MessaggiQt.h"
+#include "documento/Sessione.h"
 
 class QAction;
 class QComboBox;

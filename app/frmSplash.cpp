@@ -21,8 +21,9 @@ frmSplash::frmSplash(bool informazioni, QWidget* padre) : QDialog(padre) {
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(informazioni ? QStringLiteral("Informazioni su Fornax") : QStringLiteral("Fornax"));
     if (!informazioni) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
-    setStyleSheet(QStringLiteral("QDialog#frmSplash { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, "
-                                 "stop:0 #1f4f8f, stop:1 #2f6fb8); } QDialog#frmSplash QLabel { color: white; }"));
+    setStyleSheet(
+        QStringLiteral("QDialog#frmSplash { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, "
+                       "stop:0 #1f4f8f, stop:1 #2f6fb8); } QDialog#frmSplash QLabel { color: white; }"));
     auto* lay = new QVBoxLayout(this);
     lay->setContentsMargins(28, 22, 28, 18);
     auto* testa = new QHBoxLayout;
@@ -37,7 +38,8 @@ frmSplash::frmSplash(bool informazioni, QWidget* padre) : QDialog(padre) {
     testa->addWidget(titolo);
     testa->addStretch(1);
     lay->addLayout(testa);
-    auto* sotto = new QLabel(QStringLiteral("Calcolo impianto interno gas (UNI 7129)\nCalcolo reti gas in pressione"), this);
+    auto* sotto =
+        new QLabel(QStringLiteral("Calcolo impianto interno gas (UNI 7129)\nCalcolo reti gas in pressione"), this);
     lay->addWidget(sotto);
     lblVersione = new QLabel(this);
     lblVersione->setObjectName(QStringLiteral("lblVersione"));

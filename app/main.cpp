@@ -2,8 +2,8 @@
 #include <QApplication>
 #include <QFont>
 
-#include "core/Cartelle.h"
 #include "app/Avvio.h"
+#include "core/Cartelle.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

@@ -21,14 +21,14 @@ struct ParFamGas {
 // ---- Pipe materials (*.mat) ----
 struct RigaDiametro {
     std::string DN;
-    float Spessore = 0;        // mm
-    float DiamInterno = 0;     // mm
+    float Spessore = 0;     // mm
+    float DiamInterno = 0;  // mm
     float VelocitaLimite = 0;
     float PortataLimite = 0;
-    float DiamEsterno = 0;     // mm, derived
-    float PesoMetro = 0;       // kg/m, derived
-    float Sezione = 0;         // derived
-    float LunghezzaTotale = 0; // m, bill of pipes
+    float DiamEsterno = 0;      // mm, derived
+    float PesoMetro = 0;        // kg/m, derived
+    float Sezione = 0;          // derived
+    float LunghezzaTotale = 0;  // m, bill of pipes
 };
 
 constexpr int MAX_MATERIALI = 50;
@@ -36,11 +36,11 @@ constexpr int MAX_RIGHE = 50;
 
 struct MaterialeTubo {
     std::string Nome;
-    int16_t TipoFormula = 0;   // 1 Acciaio, 2 Rame, 3 Plastica
-    float PesoSpecifico = 0;   // kg/m3
+    int16_t TipoFormula = 0;  // 1 Acciaio, 2 Rame, 3 Plastica
+    float PesoSpecifico = 0;  // kg/m3
     std::string Descrizione;
     float Totalizzato = 0;
-    float PesoTotale = 0;      // kg, bill of pipes
+    float PesoTotale = 0;                                            // kg, bill of pipes
     std::vector<RigaDiametro> Righe = std::vector<RigaDiametro>(1);  // 1-based; [0] unused
 
     int16_t NumRighe() const { return static_cast<int16_t>(Righe.size() - 1); }
@@ -55,8 +55,8 @@ struct TipoSpeciale {
 // ---- Pressure-drop limits (PDCMAX_*.CFG) ----
 struct TabellaPdc {
     std::string NomeFilePdc;
-    float SogliaPotenza = 0;     // kW
-    float PdcMax[3][4] = {};     // [band 1..2][family 1..3], Pa
+    float SogliaPotenza = 0;  // kW
+    float PdcMax[3][4] = {};  // [band 1..2][family 1..3], Pa
 };
 
 // ---- Substitutions of unknown names, kept for the session (kind 1 materials, 2 gases) ----
@@ -69,12 +69,12 @@ struct Sostituzioni {
 };
 
 struct Archivi {
-    std::string Cartella;                          // the program's folder
-    std::vector<GasRecord> Gas = std::vector<GasRecord>(1);  // 1-based; [0] stays empty
-    std::array<ParFamGas, 4> ParFam{};             // [family 1..3]
+    std::string Cartella;                                                  // the program's folder
+    std::vector<GasRecord> Gas = std::vector<GasRecord>(1);                // 1-based; [0] stays empty
+    std::array<ParFamGas, 4> ParFam{};                                     // [family 1..3]
     std::vector<MaterialeTubo> Materiali = std::vector<MaterialeTubo>(1);  // 1-based
-    float PesoTotaleAcciaio = 0;                   // kg of steel pipes in the bill
-    std::array<TipoSpeciale, 11> Speciali{};       // [kind 1..10]
+    float PesoTotaleAcciaio = 0;                                           // kg of steel pipes in the bill
+    std::array<TipoSpeciale, 11> Speciali{};                               // [kind 1..10]
     TabellaPdc Pdc;
     TestiDefault Default;
     TabellaColonne Colonne;

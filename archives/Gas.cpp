@@ -194,19 +194,27 @@ void CaricaParFamGas(Archivi& a) {
 
 std::string NomeFamiglia(int famiglia) {
     switch (famiglia) {
-        case 1: return "1° Famiglia";
-        case 2: return "2° Famiglia";
-        case 3: return "3° Famiglia";
-        default: return "";
+        case 1:
+            return "1° Famiglia";
+        case 2:
+            return "2° Famiglia";
+        case 3:
+            return "3° Famiglia";
+        default:
+            return "";
     }
 }
 
 std::string DescrizioneFamiglia(int famiglia) {
     switch (famiglia) {
-        case 1: return "(Gas manifatturato)";
-        case 2: return "(Gas naturale, metano)";
-        case 3: return "(Gas di petrolio liquefatto)";
-        default: return "";
+        case 1:
+            return "(Gas manifatturato)";
+        case 2:
+            return "(Gas naturale, metano)";
+        case 3:
+            return "(Gas di petrolio liquefatto)";
+        default:
+            return "";
     }
 }
 

@@ -30,8 +30,8 @@ void CaricaMateriali(Archivi& a, Avanzamento& av, Messaggi& msg) {
     std::vector<std::string> file = ElencaFile(a.Cartella, ".mat");
     if (file.size() > static_cast<size_t>(MAX_MATERIALI)) {
         msg.Mostra("Nella cartella del programma ci sono piu' di " + std::to_string(MAX_MATERIALI) +
-                       " archivi di tubazioni (*.mat): vengono caricati solo i primi " +
-                       std::to_string(MAX_MATERIALI) + ".",
+                       " archivi di tubazioni (*.mat): vengono caricati solo i primi " + std::to_string(MAX_MATERIALI) +
+                       ".",
                    Box::EXCLAMATION);
         file.resize(MAX_MATERIALI);
     }

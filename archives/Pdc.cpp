@@ -27,7 +27,8 @@ void CaricaPdc(Archivi& a, int32_t normativa, Messaggi& msg) {
     // Seven lines, one number each: the threshold, then band by band, family by family.
     a.Pdc.SogliaPotenza = static_cast<float>(LeggiNumero(f.RigaFisica()));
     for (size_t fascia = 1; fascia <= 2; ++fascia)
-        for (size_t fam = 1; fam <= 3; ++fam) a.Pdc.PdcMax[fascia][fam] = static_cast<float>(LeggiNumero(f.RigaFisica()));
+        for (size_t fam = 1; fam <= 3; ++fam)
+            a.Pdc.PdcMax[fascia][fam] = static_cast<float>(LeggiNumero(f.RigaFisica()));
 }
 
 bool SalvaPdc(const Archivi& a, Messaggi& msg) {

@@ -72,17 +72,22 @@ bool SalvaSpeciali(Archivi& a, Messaggi& msg) {
 float LunghezzaInterna(const Archivi& a, int tipo, float diametro, int famiglia) {
     if (!TipoValido(tipo) || famiglia < 0 || famiglia > 3) return 0;
     size_t classe = 4;
-    if (diametro <= 22.3) classe = 1;
-    else if (diametro <= 53.9) classe = 2;
-    else if (diametro <= 81.7) classe = 3;
+    if (diametro <= 22.3)
+        classe = 1;
+    else if (diametro <= 53.9)
+        classe = 2;
+    else if (diametro <= 81.7)
+        classe = 3;
     return a.Speciali[static_cast<size_t>(tipo)].Lunghezza[famiglia][classe];
 }
 
 float LunghezzaPressione(const Archivi& a, int tipo, float diametro) {
     if (!TipoValido(tipo)) return 0;
     size_t classe = 2;
-    if (diametro <= 50.0) classe = 1;
-    else if (diametro > 125.0) classe = 3;
+    if (diametro <= 50.0)
+        classe = 1;
+    else if (diametro > 125.0)
+        classe = 3;
     return a.Speciali[static_cast<size_t>(tipo)].Lunghezza[1][classe];
 }
 

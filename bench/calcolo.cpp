@@ -42,7 +42,8 @@ struct Rete400 {
         t.ID_MATERIALE = "ACCIAIOM";
         t.ID_NCURVE = 2;
         t.ID_NRUBINETTI = i % 3 == 0 ? 1 : 0;
-        if (padre > 0) (d->T(padre).ID_LEFT == 0 ? d->T(padre).ID_LEFT : d->T(padre).ID_RIGHT) = static_cast<int16_t>(i);
+        if (padre > 0)
+            (d->T(padre).ID_LEFT == 0 ? d->T(padre).ID_LEFT : d->T(padre).ID_RIGHT) = static_cast<int16_t>(i);
         return i;
     }
 };

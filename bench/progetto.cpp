@@ -15,7 +15,8 @@ using namespace fornax;
 namespace {
 
 struct Ambiente {
-    std::string cartella = (std::filesystem::temp_directory_path() / ("fornax-bench-" + std::to_string(::getpid()))).string();
+    std::string cartella =
+        (std::filesystem::temp_directory_path() / ("fornax-bench-" + std::to_string(::getpid()))).string();
     std::unique_ptr<Archivi> a = std::make_unique<Archivi>();
     std::string progetto;
 

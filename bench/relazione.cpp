@@ -3,10 +3,10 @@
 // network first and writes every section but the schema.
 #include <benchmark/benchmark.h>
 
+#include <unistd.h>
 #include <cstdio>
 #include <memory>
 #include <string>
-#include <unistd.h>
 
 #include "archives/Materiali.h"
 #include "core/ServiziProva.h"
@@ -58,7 +58,8 @@ struct Condominio {
         t.ID_LEN = lunghezza;
         t.ID_TIPOUTENZA = tipo;
         t.ID_NCURVE = 2;
-        if (padre > 0) (d->T(padre).ID_LEFT == 0 ? d->T(padre).ID_LEFT : d->T(padre).ID_RIGHT) = static_cast<int16_t>(i);
+        if (padre > 0)
+            (d->T(padre).ID_LEFT == 0 ? d->T(padre).ID_LEFT : d->T(padre).ID_RIGHT) = static_cast<int16_t>(i);
         return i;
     }
 };

@@ -156,8 +156,9 @@ void Motore::ImpostaRiga(int i, int riga) {
     const RigaDiametro& r = a_.Materiali[static_cast<size_t>(t.IndiceMateriale)].Righe[static_cast<size_t>(riga)];
     t.ID_DIAMETRO = r.DN;
     CalcolaLunghezzaEquivalente(d_, a_, 1, i);
-    t.ID_PDC_TRONCO = static_cast<float>(static_cast<double>(PerditaSpecifica(d_, r.DiamInterno / 1000.0f, t.ID_P_TRONCO)) *
-                                         static_cast<double>(t.ID_EQ_LEN));
+    t.ID_PDC_TRONCO =
+        static_cast<float>(static_cast<double>(PerditaSpecifica(d_, r.DiamInterno / 1000.0f, t.ID_P_TRONCO)) *
+                           static_cast<double>(t.ID_EQ_LEN));
     AccumulaPerditeSotto(i);
 }
 

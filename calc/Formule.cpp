@@ -107,8 +107,8 @@ double PressioneValleIterata(const Documento& d, float P1, float Q, float D, flo
         // from the last two estimates, which damps the oscillation of the iteration.
         const double argomento = n == 0 ? p1a / (0.99 * p2) : p1a / (p2 * std::pow(p2 / p2Nuovo, 0.1));
         // 0.01267452955 = 16 * 101325 / (pi^2 * 3600^2)
-        const double delta =
-            (q * q * 0.01267452955 * rho / std::pow(dd, 4.0)) * (static_cast<double>(L) * lambda / dd + 2.0 * std::log(argomento));
+        const double delta = (q * q * 0.01267452955 * rho / std::pow(dd, 4.0)) *
+                             (static_cast<double>(L) * lambda / dd + 2.0 * std::log(argomento));
         if (delta > p1a2) return -1.0;
         p2Nuovo = std::sqrt(p1a2 - delta);
         if (n >= 1) {
@@ -171,9 +171,7 @@ double VelocitaMedia(float Q, float Dmm, double pTesta, double pFine) {
     return 2.0 * VelocitaNormale(Q, Dmm) * 101.325 / (pTesta + pFine + 202.65);
 }
 
-bool MaterialeInTabella(const Archivi& a, int materiale) {
-    return materiale >= 1 && materiale <= a.NumMateriali();
-}
+bool MaterialeInTabella(const Archivi& a, int materiale) { return materiale >= 1 && materiale <= a.NumMateriali(); }
 
 int RigaTronco(const Archivi& a, const Tronco& t) {
     if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0;

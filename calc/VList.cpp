@@ -12,9 +12,7 @@ bool VList::Fuori(int posizione) const {
     return true;
 }
 
-int VList::Item(int posizione) const {
-    return Fuori(posizione) ? 0 : voci_[static_cast<size_t>(posizione - 1)].item;
-}
+int VList::Item(int posizione) const { return Fuori(posizione) ? 0 : voci_[static_cast<size_t>(posizione - 1)].item; }
 
 float VList::Key(int posizione) const {
     return Fuori(posizione) ? 0.0f : voci_[static_cast<size_t>(posizione - 1)].key;

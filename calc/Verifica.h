@@ -23,13 +23,13 @@ double LimiteIntero(const Archivi& a, const Documento& d);
 
 // What the views mark on one section. `true` means the result fails its test.
 struct Verdetti {
-    bool velocitaOltre = false;      // pressure network: ID_VELOCITA above VelocitaMassima (red)
-    bool perditaFallita = false;     // ID_PDC_TRONCO below 0: shown as "***"
-    bool percorsoOltre = false;      // ID_PDC_PERCORSO above the whole part of LimitePdc() (red)
-    bool pressioneBassa = false;     // pressure network: ID_PFINALE below PressioneFinale (red)
-    bool pressioneFallita = false;   // pressure network: ID_PFINALE below 0: shown as "***"
+    bool velocitaOltre = false;          // pressure network: ID_VELOCITA above VelocitaMassima (red)
+    bool perditaFallita = false;         // ID_PDC_TRONCO below 0: shown as "***"
+    bool percorsoOltre = false;          // ID_PDC_PERCORSO above the whole part of LimitePdc() (red)
+    bool pressioneBassa = false;         // pressure network: ID_PFINALE below PressioneFinale (red)
+    bool pressioneFallita = false;       // pressure network: ID_PFINALE below 0: shown as "***"
     bool diametroInsufficiente = false;  // at the largest row or without a bore, and still failing
-    bool contemporaneita = false;    // a junction whose ID_CONTEMP reduces its flow (red flow)
+    bool contemporaneita = false;        // a junction whose ID_CONTEMP reduces its flow (red flow)
 };
 
 Verdetti VerificaTronco(const Archivi& a, const Documento& d, int sezione);

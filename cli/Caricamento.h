@@ -33,9 +33,9 @@ struct ProgettoCli {
 };
 
 struct EsitoCaricamento {
-    std::unique_ptr<ProgettoCli> p;       // null when the project can't be used
-    int esito = ESITO_OK;                 // exit status when p is null
-    std::vector<std::string> argomenti;   // what is left for the command
+    std::unique_ptr<ProgettoCli> p;      // null when the project can't be used
+    int esito = ESITO_OK;                // exit status when p is null
+    std::vector<std::string> argomenti;  // what is left for the command
 };
 
 // `argomenti` holds the project's path first, then any option; --sostituisci NOME=N is taken

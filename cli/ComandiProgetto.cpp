@@ -29,8 +29,9 @@ void StampaParametri(std::ostream& out, const ProgettoCli& p) {
     if (!pressione) out << "Normativa:           " << Normativa(d.Normativa) << "\n";
     out << "Gas:                 " << g.Nome << " (densita' relativa " << FormattaNumero(g.Densita, "0.0###")
         << ", P.C.I. " << FormattaNumero(g.Pci, "0.00") << " MJ/mc, Wobbe inf. " << FormattaNumero(g.WobbeInf, "0.00")
-        << " MJ/mc, " << (g.NonCombustibile != 0 ? "non combustibile" : NomeFamiglia(g.Famiglia) + " " +
-                                                                         DescrizioneFamiglia(g.Famiglia))
+        << " MJ/mc, "
+        << (g.NonCombustibile != 0 ? "non combustibile"
+                                   : NomeFamiglia(g.Famiglia) + " " + DescrizioneFamiglia(g.Famiglia))
         << ")\n";
     if (pressione) {
         out << "Velocita' massima:   " << FormattaNumero(d.VelocitaMassima, "##0.0#") << " m/s\n"
@@ -46,8 +47,19 @@ void StampaParametri(std::ostream& out, const ProgettoCli& p) {
 void StampaTronchi(std::ostream& out, const ProgettoCli& p) {
     const Documento& d = p.d;
     const bool pressione = d.ReteInPressione != 0;
-    Tabella t({{"N.", 4}, {"Padre", 5}, {"Sx", 4}, {"Dx", 4}, {"Utenza", 8}, {"Portata", 8}, {"Lungh.", 8},
-               {"Materiale", -12}, {"DN", -8}, {"Curve", 5}, {"T", 3}, {"Gomiti", 6}, {"Rubin.", 6}});
+    Tabella t({{"N.", 4},
+               {"Padre", 5},
+               {"Sx", 4},
+               {"Dx", 4},
+               {"Utenza", 8},
+               {"Portata", 8},
+               {"Lungh.", 8},
+               {"Materiale", -12},
+               {"DN", -8},
+               {"Curve", 5},
+               {"T", 3},
+               {"Gomiti", 6},
+               {"Rubin.", 6}});
     if (pressione) t.AggiungiColonna({"Altri", 5});
     out << "\n" << t.Intestazione("Nmc/h", "Nmc/h", "m");
     for (int i = 1; i <= d.NumTronchi(); ++i) {
@@ -103,12 +115,11 @@ int Save(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     return ScriviProgetto(p.d, p.a, e.argomenti.front(), p.msg) ? ESITO_OK : ESITO_PROGETTO;
 }
 
-const bool registratoInfo = RegistraComando(
-    {"info", std::string("info PROGETTO.RTG ") + USO_SOSTITUISCI,
-     "carica archivi e progetto e ne stampa parametri, gas, normativa, tipo di rete e tronchi", Info});
-const bool registratoSave = RegistraComando(
-    {"save", std::string("save PROGETTO.RTG USCITA.RTG ") + USO_SOSTITUISCI,
-     "carica il progetto e lo riscrive come lo salva il programma", Save});
+const bool registratoInfo =
+    RegistraComando({"info", std::string("info PROGETTO.RTG ") + USO_SOSTITUISCI,
+                     "carica archivi e progetto e ne stampa parametri, gas, normativa, tipo di rete e tronchi", Info});
+const bool registratoSave = RegistraComando({"save", std::string("save PROGETTO.RTG USCITA.RTG ") + USO_SOSTITUISCI,
+                                             "carica il progetto e lo riscrive come lo salva il programma", Save});
 
 }  // namespace
 

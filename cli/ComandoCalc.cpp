@@ -29,8 +29,8 @@ std::string Valore(float v, const char* pattern, bool fallito, bool fuoriLimite)
 void StampaRisultati(std::ostream& out, const Documento& d, const Archivi& a) {
     const bool pressione = d.ReteInPressione != 0;
     const char* unita = pressione ? "kPa" : "Pa";
-    std::vector<Tabella::Colonna> colonne = {{"N.", 4},        {"Padre", 5},      {"Portata", 9},
-                                             {"L.eq.", 8},     {"L.perc.", 8},    {"DN", -10},
+    std::vector<Tabella::Colonna> colonne = {{"N.", 4},        {"Padre", 5},       {"Portata", 9},
+                                             {"L.eq.", 8},     {"L.perc.", 8},     {"DN", -10},
                                              {"Velocita'", 9}, {"Pdc tronco", 10}, {"Pdc percorso", 12}};
     std::vector<std::string> titoli, unitaColonne = {"", "", "Nmc/h", "m", "m", "", "m/s", unita, unita};
     if (pressione) {
@@ -138,11 +138,11 @@ int Calc(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     return ESITO_OK;
 }
 
-const bool registratoCalc = RegistraComando(
-    {"calc", std::string("calc PROGETTO.RTG [--json USCITA.json] ") + USO_SOSTITUISCI,
-     "calcola la rete come il ricalcolo del programma e ne stampa i risultati, il percorso piu' "
-     "sfavorito e il computo; con --json li scrive in JSON",
-     Calc});
+const bool registratoCalc =
+    RegistraComando({"calc", std::string("calc PROGETTO.RTG [--json USCITA.json] ") + USO_SOSTITUISCI,
+                     "calcola la rete come il ricalcolo del programma e ne stampa i risultati, il percorso piu' "
+                     "sfavorito e il computo; con --json li scrive in JSON",
+                     Calc});
 
 }  // namespace
 

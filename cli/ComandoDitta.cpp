@@ -40,8 +40,8 @@ int Ditta(ContestoCli&, const std::vector<std::string>& argomenti) {
     impostazioni.Scrivi("Ditta", "Riga1", argomenti[0]);
     if (impostazioni.UltimaScritturaRiuscita()) impostazioni.Scrivi("Ditta", "Riga2", argomenti[1]);
     if (!impostazioni.UltimaScritturaRiuscita()) {
-        std::cerr << "fornax-cli ditta: impossibile scrivere le impostazioni in " << ImpostazioniFile::PercorsoPredefinito()
-                  << "\n";
+        std::cerr << "fornax-cli ditta: impossibile scrivere le impostazioni in "
+                  << ImpostazioniFile::PercorsoPredefinito() << "\n";
         return ESITO_PROGETTO;
     }
     return ESITO_OK;

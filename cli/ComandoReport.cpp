@@ -22,7 +22,7 @@ struct OpzioniReport {
     std::string sezioni = "AABAAAAA";  // all but the schema
     std::string data;
     bool sovrascrivi = false;
-    std::vector<std::string> resto;    // the project and the loading options
+    std::vector<std::string> resto;  // the project and the loading options
 };
 
 bool Errore(const std::string& testo) {
@@ -102,8 +102,8 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     }
     OpzioniStampa o;
     o.selezione = ReportSelection::DaLettere(r.sezioni);
-    const bool tabelle = o.selezione.Tronchi || o.selezione.PDCLocalizzate || o.selezione.Verifica ||
-                         o.selezione.Utenze;
+    const bool tabelle =
+        o.selezione.Tronchi || o.selezione.PDCLocalizzate || o.selezione.Verifica || o.selezione.Utenze;
     EsitoCaricamento e = CaricaPerCli(ctx, r.resto, tabelle);
     if (!e.p) return e.esito;
     if (!e.argomenti.empty()) {
@@ -123,8 +123,8 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
 
     AvanzamentoNullo av;
     const bool html = r.formato == "html";
-    const EsitoStampa esito = html ? PrintHTMLFile(p.d, p.a, o, r.uscita, av, p.msg)
-                                   : PrintTXTFile(p.d, p.a, o, r.uscita, av, p.msg);
+    const EsitoStampa esito =
+        html ? PrintHTMLFile(p.d, p.a, o, r.uscita, av, p.msg) : PrintTXTFile(p.d, p.a, o, r.uscita, av, p.msg);
     if (!esito.riuscita) {
         std::cerr << TestoErroreStampa(html ? "Stampa su file HTML." : "Stampa su file TXT.", esito) << "\n";
         return ESITO_PROGETTO;

@@ -8,17 +8,28 @@ namespace fornax {
 
 int16_t Tronco::Conteggio(int tipo) const {
     switch (tipo) {
-        case 1: return ID_NCURVE;
-        case 2: return ID_NRACCORDI;
-        case 3: return ID_NGOMITI;
-        case 4: return ID_NRUBINETTI;
-        case 5: return ID_SPC5;
-        case 6: return ID_SPC6;
-        case 7: return ID_SPC7;
-        case 8: return ID_SPC8;
-        case 9: return ID_SPC9;
-        case 10: return ID_SPC10;
-        default: return 0;
+        case 1:
+            return ID_NCURVE;
+        case 2:
+            return ID_NRACCORDI;
+        case 3:
+            return ID_NGOMITI;
+        case 4:
+            return ID_NRUBINETTI;
+        case 5:
+            return ID_SPC5;
+        case 6:
+            return ID_SPC6;
+        case 7:
+            return ID_SPC7;
+        case 8:
+            return ID_SPC8;
+        case 9:
+            return ID_SPC9;
+        case 10:
+            return ID_SPC10;
+        default:
+            return 0;
     }
 }
 
@@ -201,8 +212,10 @@ void AzzeraRete(Documento& d, const TestiDefault& def) {
     d.NomeFileProgetto.clear();
     d.ArchivioDocumenti.clear();
     d.ReteModificata = FALSO;
-    d.VelocitaMassima = Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
-    d.PressioneIniziale = Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
+    d.VelocitaMassima =
+        Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
+    d.PressioneIniziale =
+        Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
     d.PressioneFinale = Trim(def.DefaultPressioneFinale).empty() ? 150.0 : LeggiNumero(def.DefaultPressioneFinale);
     d.DpMax = 0.0;
     d.Tenuta = VerificaTenuta{};

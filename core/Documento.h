@@ -34,7 +34,7 @@ struct Documento {
     std::string DescrizioneLavoro;
     std::string NomeFileProgetto;
     std::string ArchivioDocumenti;
-    int32_t Normativa = 0;             // 1 = UNI 7129 (1992), any other value = UNI 7129 (2008)
+    int32_t Normativa = 0;  // 1 = UNI 7129 (1992), any other value = UNI 7129 (2008)
     int16_t ReteInPressione = FALSO;
     float VelocitaMassima = 15.0f;     // m/s
     double PressioneIniziale = 200.0;  // kPa relative
@@ -43,7 +43,7 @@ struct Documento {
     int16_t OrientamentoSorgente = 0;
     GasRecord GasCorrente;
     int16_t ReteModificata = FALSO;
-    float MaxPdcPercorso = 0;          // running maxima of the last calculations
+    float MaxPdcPercorso = 0;  // running maxima of the last calculations
     float MaxLenPercorso = 0;
     int16_t CaricamentoProgetto = FALSO;
 

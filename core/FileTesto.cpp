@@ -110,9 +110,10 @@ bool ScrittoreTesto::Salva(const std::string& percorso) const {
 
 bool ScrittoreTesto::SalvaOAvvisa(const std::string& percorso, Messaggi& msg) const {
     if (Salva(percorso)) return true;
-    msg.Mostra("Impossibile scrivere il file '" + percorso +
-                   "'. Controllare che la cartella esista e sia scrivibile: il file precedente non e' stato modificato.",
-               Box::CRITICAL, "Errore");
+    msg.Mostra(
+        "Impossibile scrivere il file '" + percorso +
+            "'. Controllare che la cartella esista e sia scrivibile: il file precedente non e' stato modificato.",
+        Box::CRITICAL, "Errore");
     return false;
 }
 

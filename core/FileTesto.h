@@ -49,7 +49,7 @@ int SeparaCampi(std::string_view riga, std::vector<std::string>& campi);
 // a failure never destroys the previous file.
 class ScrittoreTesto {
 public:
-    void Riga(std::string_view testo = {});   // one line, CR LF added
+    void Riga(std::string_view testo = {});                  // one line, CR LF added
     const std::string& Contenuto() const { return testo_; }  // UTF-8, "\r\n" line ends
     // Writes the file; false on any failure, with the previous file left untouched.
     bool Salva(const std::string& percorso) const;

@@ -177,7 +177,8 @@ std::string FormattaNumero(double v, std::string_view pattern) {
                 restoFraz += c;
                 continue;
             }
-            restoFraz += static_cast<char>(k < static_cast<int>(cifreFraz.size()) ? cifreFraz[static_cast<size_t>(k)] : '0');
+            restoFraz +=
+                static_cast<char>(k < static_cast<int>(cifreFraz.size()) ? cifreFraz[static_cast<size_t>(k)] : '0');
             ++k;
         }
         // Decide which placeholders print, from the right.

@@ -42,8 +42,8 @@ constexpr int16_t ID_NRACCORDI = 22;
 constexpr int16_t ID_NRUBINETTI = 23;
 constexpr int16_t ID_EQLENNOTA = 24;
 constexpr int16_t ID_TIPORACCORDO = 25;
-constexpr int16_t ID_RACCORDO_BIS = 26;   // same storage as 8
-constexpr int16_t ID_NAME_BIS = 27;       // same storage as 1
+constexpr int16_t ID_RACCORDO_BIS = 26;  // same storage as 8
+constexpr int16_t ID_NAME_BIS = 27;      // same storage as 1
 constexpr int16_t ID_EQ_LEN = 28;
 constexpr int16_t ID_TIPOUTENZA = 29;
 constexpr int16_t ID_NOMEUTENZA = 30;
@@ -99,7 +99,7 @@ struct Tronco {
     int16_t ID_TIPOUTENZA = 0;
     std::string ID_NOMEUTENZA;
     float ID_PDC_NOTA = 0;
-    float ID_EQLENNOTA = 0;     // m
+    float ID_EQLENNOTA = 0;  // m
     std::string ID_DIAMETRO;
     int16_t ID_DIAMCUSTOM = 0;
     float ID_VELOCITA = 0;      // m/s, computed
@@ -115,9 +115,9 @@ struct Tronco {
     int32_t ID_SCHEMA_X = 0;
     int32_t ID_SCHEMA_Y = 0;
     int32_t ID_SCHEMA_LEN = 0;
-    float PressioneTesta = 0;   // kPa, computed (pressure networks)
-    float ID_PFINALE = 0;       // computed
-    int16_t ID_CONTEMP = 100;   // percent
+    float PressioneTesta = 0;  // kPa, computed (pressure networks)
+    float ID_PFINALE = 0;      // computed
+    int16_t ID_CONTEMP = 100;  // percent
     int16_t ID_SCOLLEGATO = 0;
     int16_t ID_CANCELLATO = 0;
 

@@ -18,8 +18,8 @@ public:
         std::string titolo;
     };
     std::vector<Voce> mostrati;
-    std::deque<int> risposte;       // answers given in order; Risposta::OK/YES when empty
-    std::deque<int> scelte;         // substitution choices in order; 0 when empty
+    std::deque<int> risposte;  // answers given in order; Risposta::OK/YES when empty
+    std::deque<int> scelte;    // substitution choices in order; 0 when empty
     std::vector<std::string> sostituzioniChieste;
 
     int Mostra(const std::string& testo, int flags = Box::OK, const std::string& titolo = "") override;

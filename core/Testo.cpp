@@ -8,11 +8,10 @@ namespace {
 
 // Windows-1252 codes 0x80..0x9F; 0 marks the five codes the page leaves undefined,
 // which are kept as the C1 control of the same number so that no byte is lost.
-constexpr char32_t kCp1252Alti[32] = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-    0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+constexpr char32_t kCp1252Alti[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 void AppendUtf8(std::string& out, char32_t c) {
     if (c < 0x80) {
@@ -74,7 +73,7 @@ char32_t MaiuscoloCarattere(char32_t c) {
     if (c >= 'a' && c <= 'z') return c - 32;
     if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return c - 32;
     if (c == 0x0161 || c == 0x0153 || c == 0x017E) return c - 1;  // š œ ž
-    if (c == 0xFF) return 0x0178;                                  // ÿ
+    if (c == 0xFF) return 0x0178;                                 // ÿ
     return c;
 }
 

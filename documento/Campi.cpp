@@ -68,63 +68,107 @@ constexpr ChiaveId CHIAVI[] = {
 // Storage of a stored field, by kind.
 std::string* CampoTesto(Tronco& t, int id) {
     switch (id) {
-        case ID_NAME: case ID_NAME_BIS: return &t.ID_NAME;
-        case ID_DIAMETRO: return &t.ID_DIAMETRO;
-        case ID_RIF: return &t.ID_RIF;
-        case ID_NOMEUTENZA: return &t.ID_NOMEUTENZA;
-        default: return nullptr;
+        case ID_NAME:
+        case ID_NAME_BIS:
+            return &t.ID_NAME;
+        case ID_DIAMETRO:
+            return &t.ID_DIAMETRO;
+        case ID_RIF:
+            return &t.ID_RIF;
+        case ID_NOMEUTENZA:
+            return &t.ID_NOMEUTENZA;
+        default:
+            return nullptr;
     }
 }
 
 float* CampoSingolo(Tronco& t, int id) {
     switch (id) {
-        case ID_P_UTENZE: return &t.ID_P_UTENZE;
-        case ID_P_TRONCO: return &t.ID_P_TRONCO;
-        case ID_LEN: return &t.ID_LEN;
-        case ID_RACCORDO: case ID_RACCORDO_BIS: return &t.ID_RACCORDO;
-        case ID_PDC_NOTA: return &t.ID_PDC_NOTA;
-        case ID_VELOCITA: return &t.ID_VELOCITA;
-        case ID_PDC_TRONCO: return &t.ID_PDC_TRONCO;
-        case ID_PDC_PERCORSO: return &t.ID_PDC_PERCORSO;
-        case ID_PESO: return &t.ID_PESO;
-        case ID_POTENZA: return &t.ID_POTENZA;
-        case ID_EQLENNOTA: return &t.ID_EQLENNOTA;
-        case ID_EQ_LEN: return &t.ID_EQ_LEN;
-        default: return nullptr;
+        case ID_P_UTENZE:
+            return &t.ID_P_UTENZE;
+        case ID_P_TRONCO:
+            return &t.ID_P_TRONCO;
+        case ID_LEN:
+            return &t.ID_LEN;
+        case ID_RACCORDO:
+        case ID_RACCORDO_BIS:
+            return &t.ID_RACCORDO;
+        case ID_PDC_NOTA:
+            return &t.ID_PDC_NOTA;
+        case ID_VELOCITA:
+            return &t.ID_VELOCITA;
+        case ID_PDC_TRONCO:
+            return &t.ID_PDC_TRONCO;
+        case ID_PDC_PERCORSO:
+            return &t.ID_PDC_PERCORSO;
+        case ID_PESO:
+            return &t.ID_PESO;
+        case ID_POTENZA:
+            return &t.ID_POTENZA;
+        case ID_EQLENNOTA:
+            return &t.ID_EQLENNOTA;
+        case ID_EQ_LEN:
+            return &t.ID_EQ_LEN;
+        default:
+            return nullptr;
     }
 }
 
 int16_t* CampoIntero(Tronco& t, int id) {
     switch (id) {
-        case ID_NUM: return &t.ID_NUM;
-        case ID_NCURVE: return &t.ID_NCURVE;
-        case ID_NGOMITI: return &t.ID_NGOMITI;
-        case ID_DIAMCUSTOM: return &t.ID_DIAMCUSTOM;
-        case ID_PREV: return &t.ID_PREV;
-        case ID_LEFT: return &t.ID_LEFT;
-        case ID_RIGHT: return &t.ID_RIGHT;
-        case ID_NRACCORDI: return &t.ID_NRACCORDI;
-        case ID_NRUBINETTI: return &t.ID_NRUBINETTI;
-        case ID_TIPORACCORDO: return &t.ID_TIPORACCORDO;
-        case ID_TIPOUTENZA: return &t.ID_TIPOUTENZA;
-        case ID_SCHEMA_SVOLTA: return &t.ID_SCHEMA_SVOLTA;
-        case ID_CONTEMP: return &t.ID_CONTEMP;
-        case ID_SPC5: return &t.ID_SPC5;
-        case ID_SPC6: return &t.ID_SPC6;
-        case ID_SPC7: return &t.ID_SPC7;
-        case ID_SPC8: return &t.ID_SPC8;
-        case ID_SPC9: return &t.ID_SPC9;
-        case ID_SPC10: return &t.ID_SPC10;
-        default: return nullptr;
+        case ID_NUM:
+            return &t.ID_NUM;
+        case ID_NCURVE:
+            return &t.ID_NCURVE;
+        case ID_NGOMITI:
+            return &t.ID_NGOMITI;
+        case ID_DIAMCUSTOM:
+            return &t.ID_DIAMCUSTOM;
+        case ID_PREV:
+            return &t.ID_PREV;
+        case ID_LEFT:
+            return &t.ID_LEFT;
+        case ID_RIGHT:
+            return &t.ID_RIGHT;
+        case ID_NRACCORDI:
+            return &t.ID_NRACCORDI;
+        case ID_NRUBINETTI:
+            return &t.ID_NRUBINETTI;
+        case ID_TIPORACCORDO:
+            return &t.ID_TIPORACCORDO;
+        case ID_TIPOUTENZA:
+            return &t.ID_TIPOUTENZA;
+        case ID_SCHEMA_SVOLTA:
+            return &t.ID_SCHEMA_SVOLTA;
+        case ID_CONTEMP:
+            return &t.ID_CONTEMP;
+        case ID_SPC5:
+            return &t.ID_SPC5;
+        case ID_SPC6:
+            return &t.ID_SPC6;
+        case ID_SPC7:
+            return &t.ID_SPC7;
+        case ID_SPC8:
+            return &t.ID_SPC8;
+        case ID_SPC9:
+            return &t.ID_SPC9;
+        case ID_SPC10:
+            return &t.ID_SPC10;
+        default:
+            return nullptr;
     }
 }
 
 int32_t* CampoLungo(Tronco& t, int id) {
     switch (id) {
-        case ID_SCHEMA_X: return &t.ID_SCHEMA_X;
-        case ID_SCHEMA_Y: return &t.ID_SCHEMA_Y;
-        case ID_SCHEMA_LEN: return &t.ID_SCHEMA_LEN;
-        default: return nullptr;
+        case ID_SCHEMA_X:
+            return &t.ID_SCHEMA_X;
+        case ID_SCHEMA_Y:
+            return &t.ID_SCHEMA_Y;
+        case ID_SCHEMA_LEN:
+            return &t.ID_SCHEMA_LEN;
+        default:
+            return nullptr;
     }
 }
 
@@ -173,17 +217,26 @@ Valore LeggiCampo(const Documento& d, const Archivi& a, int sezione, int id) {
     if (const int16_t* i = CampoIntero(t, id)) return *i;
     if (const int32_t* l = CampoLungo(t, id)) return *l;
     switch (id) {
-        case ID_MATERIALE: return t.ID_MATERIALE;
-        case ID_P_KW: return PotenzaW(d, t);
-        case ID_P_KCAL: return PotenzaW(d, t) * 0.86;
-        case ID_NOMETIPOUTENZA: return std::string(t.ID_TIPOUTENZA == TipoUtenza::FORNELLO ? "Cottura" : "Riscaldamento");
-        case ID_DIAMETRO_INTERNO: return DiametroInterno(a, t.IndiceMateriale, t.ID_DIAMETRO);
-        case ID_PFINALE: return t.ID_PFINALE;
+        case ID_MATERIALE:
+            return t.ID_MATERIALE;
+        case ID_P_KW:
+            return PotenzaW(d, t);
+        case ID_P_KCAL:
+            return PotenzaW(d, t) * 0.86;
+        case ID_NOMETIPOUTENZA:
+            return std::string(t.ID_TIPOUTENZA == TipoUtenza::FORNELLO ? "Cottura" : "Riscaldamento");
+        case ID_DIAMETRO_INTERNO:
+            return DiametroInterno(a, t.IndiceMateriale, t.ID_DIAMETRO);
+        case ID_PFINALE:
+            return t.ID_PFINALE;
         case ID_EQLENLOC:
             return static_cast<float>(static_cast<double>(t.ID_EQ_LEN) - t.ID_LEN - t.ID_EQLENNOTA);
-        case ID_SCOLLEGATO: return t.ID_SCOLLEGATO;
-        case ID_CANCELLATO: return t.ID_CANCELLATO;
-        default: return {};
+        case ID_SCOLLEGATO:
+            return t.ID_SCOLLEGATO;
+        case ID_CANCELLATO:
+            return t.ID_CANCELLATO;
+        default:
+            return {};
     }
 }
 
@@ -207,8 +260,12 @@ void ScriviCampo(Documento& d, Archivi& a, int sezione, int id, const Valore& v,
         return;
     }
     switch (id) {
-        case ID_SCOLLEGATO: t.ID_SCOLLEGATO = NumeroDi(v) != 0 ? VERO : FALSO; return;
-        case ID_CANCELLATO: t.ID_CANCELLATO = NumeroDi(v) != 0 ? VERO : FALSO; return;
+        case ID_SCOLLEGATO:
+            t.ID_SCOLLEGATO = NumeroDi(v) != 0 ? VERO : FALSO;
+            return;
+        case ID_CANCELLATO:
+            t.ID_CANCELLATO = NumeroDi(v) != 0 ? VERO : FALSO;
+            return;
         case ID_MATERIALE: {
             t.ID_MATERIALE = TestoValore(v);
             const std::string cercato = Maiuscolo(Trim(t.ID_MATERIALE));
@@ -226,7 +283,8 @@ void ScriviCampo(Documento& d, Archivi& a, int sezione, int id, const Valore& v,
             d.ReteModificata = VERO;
             return;
         }
-        default: return;  // computed fields can't be set
+        default:
+            return;  // computed fields can't be set
     }
 }
 
@@ -265,8 +323,8 @@ bool LeggiColonne(Archivi& a, Messaggi& msg, Avanzamento& av) {
         }
         ++colonna;
         if (colonna >= MAX_COLONNE) {
-            msg.Mostra("Il file gridgas.cne definisce piu' di " + std::to_string(MAX_COLONNE) + " colonne nella tabella " +
-                           std::to_string(tabella) + ": le colonne in piu' sono ignorate.",
+            msg.Mostra("Il file gridgas.cne definisce piu' di " + std::to_string(MAX_COLONNE) +
+                           " colonne nella tabella " + std::to_string(tabella) + ": le colonne in piu' sono ignorate.",
                        Box::EXCLAMATION);
             --colonna;
             continue;
@@ -284,8 +342,10 @@ bool LeggiColonne(Archivi& a, Messaggi& msg, Avanzamento& av) {
         c.Chiave = campi[5];
         c.Suggerimento = campi[6];
         const std::string prefisso = c.Chiave.substr(0, 3);
-        if (prefisso == "ID_") c.Id = IdDaChiave(c.Chiave, msg);
-        else if (prefisso == "IDR") c.Id = 0;
+        if (prefisso == "ID_")
+            c.Id = IdDaChiave(c.Chiave, msg);
+        else if (prefisso == "IDR")
+            c.Id = 0;
     }
     av.Passo(4);
     return true;

@@ -32,8 +32,8 @@ std::string DecodificaRiga(const std::string& riga) {
     std::string byte = riga;
     for (size_t k = 0; k < byte.size(); ++k) {
         const auto c = static_cast<unsigned char>(byte[k]);
-        byte[k] = static_cast<char>(c == kTabulazioneCifrata ? kTabulazione
-                                                              : static_cast<unsigned char>(c - Spostamento(k)));
+        byte[k] =
+            static_cast<char>(c == kTabulazioneCifrata ? kTabulazione : static_cast<unsigned char>(c - Spostamento(k)));
     }
     return Cp1252AUtf8(byte);
 }
@@ -42,8 +42,8 @@ std::string CodificaRiga(const std::string& riga) {
     std::string byte = Utf8ACp1252(riga);
     for (size_t k = 0; k < byte.size(); ++k) {
         const auto c = static_cast<unsigned char>(byte[k]);
-        byte[k] = static_cast<char>(c == kTabulazione ? kTabulazioneCifrata
-                                                      : static_cast<unsigned char>(c + Spostamento(k)));
+        byte[k] =
+            static_cast<char>(c == kTabulazione ? kTabulazioneCifrata : static_cast<unsigned char>(c + Spostamento(k)));
     }
     return byte;
 }

@@ -59,8 +59,7 @@ void ControllaCollegamenti(Documento& d) {
 // The sections block: one row per record from 0, fields from id 2 on.
 void LeggiTronchi(FileTesto& f, Documento& d, Archivi& a, Messaggi& msg, Avanzamento& av) {
     d.SlotCorrente = 1;
-    while (!f.Fine() && f.LeggiRiga() != "[") {
-    }
+    while (!f.Fine() && f.LeggiRiga() != "[") {}
     int riga = -1;
     std::vector<std::string> campi;
     while (!f.Fine()) {
@@ -162,16 +161,16 @@ bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& 
         return false;
     }
 
-    while (!f.Fine() && f.LeggiRiga() != "!PARAMETERS") {
-    }
+    while (!f.Fine() && f.LeggiRiga() != "!PARAMETERS") {}
     d.Riferimento = f.LeggiRiga();
     d.DescrizioneLavoro = f.LeggiRiga();
 
     const std::string nomeGas = f.LeggiRiga();
     int gas = CercaGas(a, nomeGas);
     if (gas == 0) {
-        msg.Mostra("Attenzione! Il gas " + nomeGas + " selezionato non è disponibile, verrà impostato un gas alternativo",
-                   Box::CRITICAL);
+        msg.Mostra(
+            "Attenzione! Il gas " + nomeGas + " selezionato non è disponibile, verrà impostato un gas alternativo",
+            Box::CRITICAL);
         gas = Substitute(a, nomeGas, 2, msg);
         if (gas < 1 || gas > a.NumGas()) {
             msg.Mostra("Il progetto non puo' essere aperto senza un gas in sostituzione di " + nomeGas + ".",
@@ -215,8 +214,7 @@ bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& 
     LeggiTronchi(f, d, a, msg, av);
     CaricaTenuta(f, d.Tenuta);
 
-    while (!f.Fine() && f.LeggiRiga() != "!PARAMETERS-DOCUMENTPATH") {
-    }
+    while (!f.Fine() && f.LeggiRiga() != "!PARAMETERS-DOCUMENTPATH") {}
     d.ArchivioDocumenti = f.LeggiRigaVuota();
     return true;
 }

@@ -65,16 +65,17 @@ bool CaricaArchivi(Archivi& a, Documento& d, const std::string& cartella, Avanza
     VerificaDefaultPdc(a);
     CaricaSpecialiInterni(a);
     CaricaParFamGas(a);
-    const bool colonne = (!colonneObbligatorie && !EsisteFile(TrovaFile(cartella, "gridgas.cne"))) ||
-                         LeggiColonne(a, msg, av);
+    const bool colonne =
+        (!colonneObbligatorie && !EsisteFile(TrovaFile(cartella, "gridgas.cne"))) || LeggiColonne(a, msg, av);
     LeggiDefault(a, msg);
     if (a.NumGas() > 0) {
         d.GasCorrente = a.Gas[1];
         if (Trim(a.Default.DefaultGas).empty()) a.Default.DefaultGas = a.Gas[1].Nome;
     } else {
-        msg.Mostra("L'archivio dei gas (GAS.CFG) e' vuoto o mancante nella cartella del programma: "
-                   "nessun calcolo e' possibile finche' non si inserisce almeno un gas.",
-                   Box::EXCLAMATION, "Errore");
+        msg.Mostra(
+            "L'archivio dei gas (GAS.CFG) e' vuoto o mancante nella cartella del programma: "
+            "nessun calcolo e' possibile finche' non si inserisce almeno un gas.",
+            Box::EXCLAMATION, "Errore");
     }
     AzzeraRete(d, a.Default);
     return colonne;

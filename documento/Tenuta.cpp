@@ -15,22 +15,57 @@ using CampoTenuta = std::variant<std::string VerificaTenuta::*, int16_t Verifica
 
 // The 52 fields in the order of the block.
 const CampoTenuta CAMPI[] = {
-    &VerificaTenuta::RagSociale, &VerificaTenuta::Indirizzo, &VerificaTenuta::Telefono,
-    &VerificaTenuta::NomeTecnico, &VerificaTenuta::ProprietarioNome, &VerificaTenuta::ProprietarioTel,
-    &VerificaTenuta::ComuneInstallazione, &VerificaTenuta::Provincia, &VerificaTenuta::Cap, &VerificaTenuta::Via,
-    &VerificaTenuta::Numero, &VerificaTenuta::Scala, &VerificaTenuta::ProprietarioNome2,
-    &VerificaTenuta::ComuneResidenza, &VerificaTenuta::Via2, &VerificaTenuta::NumCiv, &VerificaTenuta::Presente,
-    &VerificaTenuta::FamigliaGas, &VerificaTenuta::CapacitaImpianto, &VerificaTenuta::CapacitaContatore,
-    &VerificaTenuta::CapacitaTotale, &VerificaTenuta::DataEsecuzione, &VerificaTenuta::OraEsecuzione,
-    &VerificaTenuta::CauseIntervento, &VerificaTenuta::CausaAltro, &VerificaTenuta::AppComplessivo,
-    &VerificaTenuta::AppRisc, &VerificaTenuta::AppAcquaSan, &VerificaTenuta::AppCombinati,
-    &VerificaTenuta::AppCottura, &VerificaTenuta::AppAltroNum, &VerificaTenuta::AppAltroDesc,
-    &VerificaTenuta::MetodoProva, &VerificaTenuta::ContModello, &VerificaTenuta::ContCalibro,
-    &VerificaTenuta::ContMarca, &VerificaTenuta::ContMatricola, &VerificaTenuta::ContQn,
-    &VerificaTenuta::ContPprova, &VerificaTenuta::ContDispRil, &VerificaTenuta::ContPRif,
-    &VerificaTenuta::ContDispRif, &VerificaTenuta::CdpStrumento, &VerificaTenuta::CdpMarca,
-    &VerificaTenuta::CdpMatricola, &VerificaTenuta::CdpPprova, &VerificaTenuta::CdpCdp, &VerificaTenuta::CdpPrifer,
-    &VerificaTenuta::CdpCdpMax, &VerificaTenuta::DispositivoIntercettazione, &VerificaTenuta::EsitoProva,
+    &VerificaTenuta::RagSociale,
+    &VerificaTenuta::Indirizzo,
+    &VerificaTenuta::Telefono,
+    &VerificaTenuta::NomeTecnico,
+    &VerificaTenuta::ProprietarioNome,
+    &VerificaTenuta::ProprietarioTel,
+    &VerificaTenuta::ComuneInstallazione,
+    &VerificaTenuta::Provincia,
+    &VerificaTenuta::Cap,
+    &VerificaTenuta::Via,
+    &VerificaTenuta::Numero,
+    &VerificaTenuta::Scala,
+    &VerificaTenuta::ProprietarioNome2,
+    &VerificaTenuta::ComuneResidenza,
+    &VerificaTenuta::Via2,
+    &VerificaTenuta::NumCiv,
+    &VerificaTenuta::Presente,
+    &VerificaTenuta::FamigliaGas,
+    &VerificaTenuta::CapacitaImpianto,
+    &VerificaTenuta::CapacitaContatore,
+    &VerificaTenuta::CapacitaTotale,
+    &VerificaTenuta::DataEsecuzione,
+    &VerificaTenuta::OraEsecuzione,
+    &VerificaTenuta::CauseIntervento,
+    &VerificaTenuta::CausaAltro,
+    &VerificaTenuta::AppComplessivo,
+    &VerificaTenuta::AppRisc,
+    &VerificaTenuta::AppAcquaSan,
+    &VerificaTenuta::AppCombinati,
+    &VerificaTenuta::AppCottura,
+    &VerificaTenuta::AppAltroNum,
+    &VerificaTenuta::AppAltroDesc,
+    &VerificaTenuta::MetodoProva,
+    &VerificaTenuta::ContModello,
+    &VerificaTenuta::ContCalibro,
+    &VerificaTenuta::ContMarca,
+    &VerificaTenuta::ContMatricola,
+    &VerificaTenuta::ContQn,
+    &VerificaTenuta::ContPprova,
+    &VerificaTenuta::ContDispRil,
+    &VerificaTenuta::ContPRif,
+    &VerificaTenuta::ContDispRif,
+    &VerificaTenuta::CdpStrumento,
+    &VerificaTenuta::CdpMarca,
+    &VerificaTenuta::CdpMatricola,
+    &VerificaTenuta::CdpPprova,
+    &VerificaTenuta::CdpCdp,
+    &VerificaTenuta::CdpPrifer,
+    &VerificaTenuta::CdpCdpMax,
+    &VerificaTenuta::DispositivoIntercettazione,
+    &VerificaTenuta::EsitoProva,
     &VerificaTenuta::Note,
 };
 static_assert(std::size(CAMPI) == 52);
@@ -49,8 +84,10 @@ const char* const FILE_DITTA = "TENIMPTECDEF.CFG";
 void SalvaTenuta(ScrittoreTesto& w, const VerificaTenuta& r) {
     w.Riga(MARCA_TENUTA);
     for (const CampoTenuta& c : CAMPI) {
-        if (const auto* s = std::get_if<std::string VerificaTenuta::*>(&c)) w.Riga(UnaRiga(r.**s));
-        else w.Riga(std::to_string(r.*std::get<int16_t VerificaTenuta::*>(c)));
+        if (const auto* s = std::get_if<std::string VerificaTenuta::*>(&c))
+            w.Riga(UnaRiga(r.**s));
+        else
+            w.Riga(std::to_string(r.*std::get<int16_t VerificaTenuta::*>(c)));
     }
 }
 
@@ -64,8 +101,10 @@ void CaricaTenuta(FileTesto& f, VerificaTenuta& r) {
     }
     for (const CampoTenuta& c : CAMPI) {
         const std::string riga = f.LeggiRigaGrezza();
-        if (const auto* s = std::get_if<std::string VerificaTenuta::*>(&c)) r.**s = riga;
-        else r.*std::get<int16_t VerificaTenuta::*>(c) = ArrotondaI16(LeggiNumero(riga));
+        if (const auto* s = std::get_if<std::string VerificaTenuta::*>(&c))
+            r.** s = riga;
+        else
+            r.*std::get<int16_t VerificaTenuta::*>(c) = ArrotondaI16(LeggiNumero(riga));
     }
 }
 

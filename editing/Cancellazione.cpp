@@ -50,7 +50,8 @@ bool CancellaSezione(Documento& d, int tronco, int tipo, Messaggi& msg, const Ri
             Scollega(d, tronco);
             Chiama(r.elabora);
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -59,20 +60,32 @@ void CancellaRighe(Documento& d, int da, int a, int tipo, const Rinfresco& r) {
     const int ultimo = std::min(MAX_TRONCHI, std::max(da, a));
     for (int riga = primo; riga <= ultimo; ++riga) {
         switch (tipo) {
-            case TipoCancellazione::CANCELLA: CancellaRamo(d, static_cast<int16_t>(riga)); break;
+            case TipoCancellazione::CANCELLA:
+                CancellaRamo(d, static_cast<int16_t>(riga));
+                break;
             case TipoCancellazione::ELIMINA_E_COMPATTA:
                 CancellaRamo(d, static_cast<int16_t>(riga));
                 Chiama(r.elabora);
                 break;
-            case TipoCancellazione::SCOLLEGA: Scollega(d, riga); break;
-            default: return;
+            case TipoCancellazione::SCOLLEGA:
+                Scollega(d, riga);
+                break;
+            default:
+                return;
         }
     }
     switch (tipo) {
-        case TipoCancellazione::CANCELLA: Chiama(r.rigenera); break;
-        case TipoCancellazione::ELIMINA_E_COMPATTA: TagliaECompatta(d, r); break;
-        case TipoCancellazione::SCOLLEGA: Chiama(r.elabora); break;
-        default: break;
+        case TipoCancellazione::CANCELLA:
+            Chiama(r.rigenera);
+            break;
+        case TipoCancellazione::ELIMINA_E_COMPATTA:
+            TagliaECompatta(d, r);
+            break;
+        case TipoCancellazione::SCOLLEGA:
+            Chiama(r.elabora);
+            break;
+        default:
+            break;
     }
 }
 

@@ -100,8 +100,12 @@ EsitoCella ConfermaCampo(Documento& d, Archivi& a, int riga, int id, const std::
             }
             break;
         }
-        case Id::ID_LEN: c.ID_LEN = static_cast<float>(LeggiNumero(testo)); break;
-        case Id::ID_EQ_LEN: c.ID_EQ_LEN = static_cast<float>(LeggiNumero(testo)); break;
+        case Id::ID_LEN:
+            c.ID_LEN = static_cast<float>(LeggiNumero(testo));
+            break;
+        case Id::ID_EQ_LEN:
+            c.ID_EQ_LEN = static_cast<float>(LeggiNumero(testo));
+            break;
         case Id::ID_RIF:
             c.ID_RIF = Maiuscolo(Trim(testo));
             e.testo = c.ID_RIF;
@@ -187,14 +191,15 @@ EsitoCella ConfermaCampo(Documento& d, Archivi& a, int riga, int id, const std::
             }
             break;
         }
-        default: break;
+        default:
+            break;
     }
     d.T(riga) = c;
     return e;
 }
 
-EsitoConferma ConfermaCelle(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo,
-                            Messaggi& msg, const ScegliDiametro& scegli) {
+EsitoConferma ConfermaCelle(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo, Messaggi& msg,
+                            const ScegliDiametro& scegli) {
     EsitoConferma esito;
     const std::string normale = NormalizzaTesto(testo);
     for (int r = da; r <= a_; ++r) {
@@ -242,21 +247,26 @@ std::string TestoCampo(const Documento& d, const Archivi& a, int sezione, const 
     const std::string formato = Trim(c.Formato);
     if (formato.empty() || formato == "@") return TestoValore(v);
     double n = 0;
-    if (const auto* i = std::get_if<int16_t>(&v)) n = *i;
-    else if (const auto* l = std::get_if<int32_t>(&v)) n = *l;
-    else if (const auto* f = std::get_if<float>(&v)) n = *f;
-    else if (const auto* x = std::get_if<double>(&v)) n = *x;
+    if (const auto* i = std::get_if<int16_t>(&v))
+        n = *i;
+    else if (const auto* l = std::get_if<int32_t>(&v))
+        n = *l;
+    else if (const auto* f = std::get_if<float>(&v))
+        n = *f;
+    else if (const auto* x = std::get_if<double>(&v))
+        n = *x;
     return FormattaNumero(n, c.Formato);
 }
 
-AspettoCella AspettoDi(const Documento& d, const Archivi& a, int sezione, const ColonnaTabella& c,
-                       const Verdetti& v) {
+AspettoCella AspettoDi(const Documento& d, const Archivi& a, int sezione, const ColonnaTabella& c, const Verdetti& v) {
     AspettoCella s;
     s.testo = TestoCampo(d, a, sezione, c);
     const Tronco& t = d.T(sezione);
     const bool pressione = d.ReteInPressione != 0;
     switch (c.Id) {
-        case Id::ID_VELOCITA: s.inchiostro = v.velocitaOltre ? Inchiostro::Rosso : Inchiostro::Blu; break;
+        case Id::ID_VELOCITA:
+            s.inchiostro = v.velocitaOltre ? Inchiostro::Rosso : Inchiostro::Blu;
+            break;
         case Id::ID_PDC_TRONCO:
             if (v.perditaFallita) {
                 s.testo = "***";
@@ -290,7 +300,8 @@ AspettoCella AspettoDi(const Documento& d, const Archivi& a, int sezione, const 
         case Id::ID_P_TRONCO:
             if (v.contemporaneita) s.inchiostro = Inchiostro::Rosso;
             break;
-        default: break;
+        default:
+            break;
     }
     return s;
 }
@@ -305,8 +316,7 @@ Fondo FondoDiametroModificato(const Documento& d, const Archivi& a, int sezione,
     if (m.NumRighe() < 1) return Fondo::GialloPallido;
     const bool piuGrande = m.Righe[static_cast<size_t>(m.NumRighe())].DN == dn;
     const bool fuoriTabella = IndiceRiga(a, t.IndiceMateriale, dn) == 0;
-    const bool oltre = d.ReteInPressione != 0 ? t.ID_VELOCITA > d.VelocitaMassima
-                                              : t.ID_PDC_PERCORSO > LimitePdc(a, d);
+    const bool oltre = d.ReteInPressione != 0 ? t.ID_VELOCITA > d.VelocitaMassima : t.ID_PDC_PERCORSO > LimitePdc(a, d);
     return (piuGrande || fuoriTabella) && oltre ? Fondo::RossoCupo : Fondo::GialloPallido;
 }
 

@@ -53,8 +53,8 @@ EsitoCella ConfermaCampo(Documento& d, Archivi& a, int riga, int id, const std::
 // The same text into rows da..a (in ascending order), then the modified mark. A row written
 // in is part of the document: the table grows to it, and a new row without a material takes
 // the material of the row above (or the default material).
-EsitoConferma ConfermaCelle(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo,
-                            Messaggi& msg, const ScegliDiametro& scegli);
+EsitoConferma ConfermaCelle(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo, Messaggi& msg,
+                            const ScegliDiametro& scegli);
 
 // The material list's choice (1-based archive index) into rows da..a: index and name in each,
 // then the modified mark. Rows beyond the table join it as ConfermaCelle's do.
@@ -83,8 +83,7 @@ std::string TestoCampo(const Documento& d, const Archivi& a, int sezione, const 
 // "***", a drop along the path above the limit in red, a diameter that no larger pipe can cure
 // on pale yellow, a diameter fixed by the user in dark red, the flow of a junction that reduces
 // its flows in red.
-AspettoCella AspettoDi(const Documento& d, const Archivi& a, int sezione, const ColonnaTabella& c,
-                       const Verdetti& v);
+AspettoCella AspettoDi(const Documento& d, const Archivi& a, int sezione, const ColonnaTabella& c, const Verdetti& v);
 
 // Background of a diameter cell when its editor closes: dark red when the text names the
 // material's largest size (or no size of it) and the section is still over its limit, so that

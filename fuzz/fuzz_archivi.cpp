@@ -9,14 +9,14 @@
 #include <memory>
 #include <string>
 
+#include "archives/Speciali.h"
 #include "core/ServiziProva.h"
 #include "documento/Sessione.h"
-#include "archives/Speciali.h"
 
 using namespace fornax;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
-    static const char* const NOMI[] = {"GAS.CFG", "PROVA.mat", "EQLEN.CFG", "PDCMAX_2008.CFG",
+    static const char* const NOMI[] = {"GAS.CFG",          "PROVA.mat",   "EQLEN.CFG",    "PDCMAX_2008.CFG",
                                        "defaultValue.ini", "gridgas.cne", "PARFAMGAS.CFG"};
     static const std::string cartella = [] {
         const auto p = std::filesystem::temp_directory_path() / ("fornax-fuzz-" + std::to_string(::getpid()));

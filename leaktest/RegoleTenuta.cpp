@@ -119,8 +119,7 @@ void TenutaImpiantoRefresh(Documento& d, const Archivi& a, StatoPaginaTenuta& st
             valuta = true;
             break;
         case 3:
-            stato.descrizione =
-                "III Famiglia: Norma in corso di elaborazione alla data di aggiornamento del software";
+            stato.descrizione = "III Famiglia: Norma in corso di elaborazione alla data di aggiornamento del software";
             stato.descrizioneRossa = true;
             stato.abilitata = false;
             stato.opzioneFamiglia = 3;

@@ -17,14 +17,14 @@ class Messaggi;
 
 // What the page shows beside the record.
 struct StatoPaginaTenuta {
-    bool inizializzata = false;      // the page has been loaded once
-    bool abilitata = true;           // the page can be edited
-    std::string descrizione;         // lblTenutaImpiantoDescrizioneProva
+    bool inizializzata = false;  // the page has been loaded once
+    bool abilitata = true;       // the page can be edited
+    std::string descrizione;     // lblTenutaImpiantoDescrizioneProva
     bool descrizioneRossa = false;
-    int opzioneFamiglia = 0;         // 1..3: optTenutaImpianto1afam..3afam, 0 none
+    int opzioneFamiglia = 0;           // 1..3: optTenutaImpianto1afam..3afam, 0 none
     bool metodoCdpDisponibile = true;  // total capacity not above 25 litres
-    std::string erroreContatore;     // lblTenutaImpiantoProvaContErrore
-    std::string erroreCdp;           // lblTenutaImpiantoProvaCDPErrore
+    std::string erroreContatore;       // lblTenutaImpiantoProvaContErrore
+    std::string erroreCdp;             // lblTenutaImpiantoProvaCDPErrore
 };
 
 // Verdicts of EsitoProva.

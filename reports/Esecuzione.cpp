@@ -9,8 +9,8 @@
 namespace fornax {
 
 Esecuzione::Esecuzione(const ReportSelection& s, Avanzamento& av) : av_(av) {
-    for (bool b : {s.Copertina, s.Tronchi, s.DiagrammaRete, s.PDCLocalizzate, s.Verifica, s.Utenze, s.Computo,
-                   s.TenutaImpianto})
+    for (bool b :
+         {s.Copertina, s.Tronchi, s.DiagrammaRete, s.PDCLocalizzate, s.Verifica, s.Utenze, s.Computo, s.TenutaImpianto})
         if (b) ++passi_;
 }
 

@@ -40,8 +40,10 @@ void FileRelazione::Scrivi(std::string_view byte) {
 
 void FileRelazione::Testo(std::string_view testo) {
     // Most lines are plain ASCII: they need no conversion.
-    if (Ascii(testo)) Scrivi(testo);
-    else Scrivi(Utf8ACp1252(testo));
+    if (Ascii(testo))
+        Scrivi(testo);
+    else
+        Scrivi(Utf8ACp1252(testo));
 }
 
 void FileRelazione::Riga(std::string_view testo) {

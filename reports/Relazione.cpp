@@ -49,16 +49,26 @@ bool ReportSelection::AltreDalloSchema() const {
 
 std::string TestoFase(int fase) {
     switch (fase) {
-        case Fase::APERTURA: return "Errore nell'apertura del file.";
-        case Fase::COPERTINA: return "Errore nella stampa della copertina.";
-        case Fase::TRONCHI: return "Errore nella stampa della tabella dei tronchi.";
-        case Fase::PERDITE: return "Errore nella stampa della tabella delle perdite localizzate.";
-        case Fase::PERCORSO: return "Errore nella stampa della verifica del percorso più sfavorito.";
-        case Fase::UTENZE: return "Errore nella stampa del riepilogo utenze.";
-        case Fase::COMPUTO: return "Errore nella stampa del computo dei materiali.";
-        case Fase::TENUTA: return "Errore nella stampa della \"Verifica tenuta impianto\".";
-        case Fase::SCHEMA: return "Errore nella stampa dello schema della rete.";
-        default: return "";
+        case Fase::APERTURA:
+            return "Errore nell'apertura del file.";
+        case Fase::COPERTINA:
+            return "Errore nella stampa della copertina.";
+        case Fase::TRONCHI:
+            return "Errore nella stampa della tabella dei tronchi.";
+        case Fase::PERDITE:
+            return "Errore nella stampa della tabella delle perdite localizzate.";
+        case Fase::PERCORSO:
+            return "Errore nella stampa della verifica del percorso più sfavorito.";
+        case Fase::UTENZE:
+            return "Errore nella stampa del riepilogo utenze.";
+        case Fase::COMPUTO:
+            return "Errore nella stampa del computo dei materiali.";
+        case Fase::TENUTA:
+            return "Errore nella stampa della \"Verifica tenuta impianto\".";
+        case Fase::SCHEMA:
+            return "Errore nella stampa dello schema della rete.";
+        default:
+            return "";
     }
 }
 
@@ -66,15 +76,24 @@ void Fallisci(int codice) {
     switch (codice) {
         case CodiceErrore::ARGOMENTO_NON_VALIDO:
             throw ErroreEsecuzione(codice, "Chiamata di routine o argomento non validi");
-        case CodiceErrore::OVERFLOW_: throw ErroreEsecuzione(codice, "Overflow");
-        case CodiceErrore::INDICE: throw ErroreEsecuzione(codice, "Indice non compreso nell'intervallo");
-        case CodiceErrore::DIVISIONE_PER_ZERO: throw ErroreEsecuzione(codice, "Divisione per zero");
-        case CodiceErrore::IO: throw ErroreEsecuzione(codice, "Errore di I/O della periferica");
-        case CodiceErrore::AUTORIZZAZIONE: throw ErroreEsecuzione(codice, "Autorizzazione negata");
-        case CodiceErrore::ACCESSO: throw ErroreEsecuzione(codice, "Errore di accesso al percorso/file");
-        case CodiceErrore::PERCORSO: throw ErroreEsecuzione(codice, "Impossibile trovare il percorso");
-        case CodiceErrore::INTERNO: throw ErroreEsecuzione(codice, "Errore interno");
-        default: throw ErroreEsecuzione(codice, "Errore definito dall'applicazione o dall'oggetto");
+        case CodiceErrore::OVERFLOW_:
+            throw ErroreEsecuzione(codice, "Overflow");
+        case CodiceErrore::INDICE:
+            throw ErroreEsecuzione(codice, "Indice non compreso nell'intervallo");
+        case CodiceErrore::DIVISIONE_PER_ZERO:
+            throw ErroreEsecuzione(codice, "Divisione per zero");
+        case CodiceErrore::IO:
+            throw ErroreEsecuzione(codice, "Errore di I/O della periferica");
+        case CodiceErrore::AUTORIZZAZIONE:
+            throw ErroreEsecuzione(codice, "Autorizzazione negata");
+        case CodiceErrore::ACCESSO:
+            throw ErroreEsecuzione(codice, "Errore di accesso al percorso/file");
+        case CodiceErrore::PERCORSO:
+            throw ErroreEsecuzione(codice, "Impossibile trovare il percorso");
+        case CodiceErrore::INTERNO:
+            throw ErroreEsecuzione(codice, "Errore interno");
+        default:
+            throw ErroreEsecuzione(codice, "Errore definito dall'applicazione o dall'oggetto");
     }
 }
 
@@ -133,7 +152,9 @@ double Numero(const Valore& v) {
     return 0.0;
 }
 
-bool IsNumero(const Valore& v) { return !std::holds_alternative<std::monostate>(v) && !std::holds_alternative<std::string>(v); }
+bool IsNumero(const Valore& v) {
+    return !std::holds_alternative<std::monostate>(v) && !std::holds_alternative<std::string>(v);
+}
 
 // A field laid out by its column's pattern. Texts print as they stand; a text pattern ("@")
 // on a number prints the number's own text.
@@ -162,8 +183,7 @@ Regole RegoleDi(Genere g, bool pressione, bool secondaPerdite = false) {
             break;
         case Genere::Perdite:
             if (!pressione)
-                r.trattini = {ID_LEN,        ID_NCURVE,    ID_NGOMITI, ID_NRACCORDI,
-                              ID_NRUBINETTI, ID_EQLENNOTA, ID_EQ_LEN};
+                r.trattini = {ID_LEN, ID_NCURVE, ID_NGOMITI, ID_NRACCORDI, ID_NRUBINETTI, ID_EQLENNOTA, ID_EQ_LEN};
             else if (!secondaPerdite)
                 r.trattini = {ID_LEN,  ID_NCURVE, ID_NGOMITI, ID_NRACCORDI, ID_NRUBINETTI, ID_SPC5,
                               ID_SPC6, ID_SPC7,   ID_SPC8,    ID_SPC9,      ID_SPC10};
@@ -173,7 +193,9 @@ Regole RegoleDi(Genere g, bool pressione, bool secondaPerdite = false) {
         case Genere::Percorso:
             r.trattini = {ID_P_UTENZE, ID_LEN, ID_VELOCITA, ID_PDC_TRONCO, ID_PDC_PERCORSO};
             break;
-        case Genere::Utenze: r.trattini = {ID_P_UTENZE, ID_P_KW, ID_P_KCAL}; break;
+        case Genere::Utenze:
+            r.trattini = {ID_P_UTENZE, ID_P_KW, ID_P_KCAL};
+            break;
     }
     return r;
 }
@@ -328,7 +350,8 @@ TabellaRelazione TabellaPercorso(const Documento& d, const Archivi& a) {
         t.righe.push_back(Riga(d, a, r, i, t.colonne));
         somma = static_cast<float>(somma + d.T(i).ID_PDC_TRONCO);
     }
-    t.totale = TotaleRelazione{"TOTALE PERDITA DI PRESSIONE:", FormattaNumero(somma, ColonnaTotale(t.colonne, 7).formato), 7};
+    t.totale =
+        TotaleRelazione{"TOTALE PERDITA DI PRESSIONE:", FormattaNumero(somma, ColonnaTotale(t.colonne, 7).formato), 7};
     return t;
 }
 
@@ -347,8 +370,8 @@ TabellaRelazione TabellaUtenze(const Documento& d, const Archivi& a) {
         portata = static_cast<float>(portata + x.ID_P_UTENZE);
     }
     const size_t colonna = pressione ? 2 : 4;
-    t.totale = TotaleRelazione{"TOTALE PORTATA GAS:", FormattaNumero(portata, ColonnaTotale(t.colonne, colonna).formato),
-                               colonna};
+    t.totale = TotaleRelazione{
+        "TOTALE PORTATA GAS:", FormattaNumero(portata, ColonnaTotale(t.colonne, colonna).formato), colonna};
     return t;
 }
 
@@ -417,7 +440,8 @@ ComputoRelazione Computo(const Documento& d, Archivi& a) {
         x.peso = FormattaNumero(mat.PesoTotale, "#######0");
         for (int r = 1; r <= mat.NumRighe(); ++r) {
             const RigaDiametro& riga = mat.Righe[static_cast<size_t>(r)];
-            if (riga.LunghezzaTotale > 0) x.diametri.emplace_back(riga.DN, FormattaNumero(riga.LunghezzaTotale, "###0.0"));
+            if (riga.LunghezzaTotale > 0)
+                x.diametri.emplace_back(riga.DN, FormattaNumero(riga.LunghezzaTotale, "###0.0"));
         }
         c.materiali.push_back(std::move(x));
     }
@@ -469,10 +493,18 @@ std::vector<VoceTenuta> TenutaRelazione(const VerificaTenuta& r, const std::stri
 
     intestazione("TIPO DI GAS: ");
     switch (r.FamigliaGas) {
-        case 1: riga("I famiglia"); break;
-        case 2: riga("II famiglia"); break;
-        case 3: riga("III famiglia"); break;
-        default: riga(""); break;
+        case 1:
+            riga("I famiglia");
+            break;
+        case 2:
+            riga("II famiglia");
+            break;
+        case 3:
+            riga("III famiglia");
+            break;
+        default:
+            riga("");
+            break;
     }
     riga(nomeGas);
     spazio();
@@ -486,12 +518,18 @@ std::vector<VoceTenuta> TenutaRelazione(const VerificaTenuta& r, const std::stri
         // Seven fields joined by ';': any other count prints no cause at all.
         std::vector<std::string> campi(1);
         for (char ch : r.CauseIntervento) {
-            if (ch == ';') campi.emplace_back();
-            else campi.back() += ch;
+            if (ch == ';')
+                campi.emplace_back();
+            else
+                campi.back() += ch;
         }
         static const char* const kCause[7] = {
-            "- Sostituzione apparecchio",         "- Sostituzione tipo di gas",     "- Riattivazione impianto",
-            "- Persistente odore di gas",         "- Esito incerto secondo UNI 10738", "- Verifica periodica decennale",
+            "- Sostituzione apparecchio",
+            "- Sostituzione tipo di gas",
+            "- Riattivazione impianto",
+            "- Persistente odore di gas",
+            "- Esito incerto secondo UNI 10738",
+            "- Verifica periodica decennale",
             "- Altro: ",
         };
         if (campi.size() == 7) {
@@ -512,16 +550,18 @@ std::vector<VoceTenuta> TenutaRelazione(const VerificaTenuta& r, const std::stri
     app.coppie.emplace_back(conta(r.AppAcquaSan), " per la produzione di acqua sanitaria");
     app.coppie.emplace_back(conta(r.AppCombinati), " combinati (riscaldamento/sanitario)");
     app.coppie.emplace_back(conta(r.AppCottura), " per cottura cibi");
-    app.coppie.emplace_back(conta(r.AppAltroNum),
-                            std::string(" di altro tipo") + (r.AppAltroNum > 0 ? ": " + r.AppAltroDesc : std::string()));
+    app.coppie.emplace_back(conta(r.AppAltroNum), std::string(" di altro tipo") +
+                                                      (r.AppAltroNum > 0 ? ": " + r.AppAltroDesc : std::string()));
     v.push_back(std::move(app));
     spazio();
 
     intestazione("METODOLOGIA DI VERIFICA APPLICATA:");
-    if (r.MetodoProva == 1) riga("Prova preliminare con contatore");
+    if (r.MetodoProva == 1)
+        riga("Prova preliminare con contatore");
     else if (r.MetodoProva == 2)
         riga("Prova preliminare mediante rilevazione c.d.p. (solo per impianto con capacità > 25 litri)");
-    else riga("Non indicata");
+    else
+        riga("Non indicata");
     spazio();
 
     if (r.MetodoProva == 1) {
@@ -549,9 +589,12 @@ std::vector<VoceTenuta> TenutaRelazione(const VerificaTenuta& r, const std::stri
     }
 
     intestazione("CONTROLLO DISPOSITIVO DI INTERCETTAZIONE");
-    if (r.DispositivoIntercettazione == 1) riga("Dispositivo di intercettazione a tenuta");
-    else if (r.DispositivoIntercettazione == 2) riga("Dispositivo di intercettazione NON a tenuta");
-    else riga("Dispositivo di intercettazione NON INDICATO");
+    if (r.DispositivoIntercettazione == 1)
+        riga("Dispositivo di intercettazione a tenuta");
+    else if (r.DispositivoIntercettazione == 2)
+        riga("Dispositivo di intercettazione NON a tenuta");
+    else
+        riga("Dispositivo di intercettazione NON INDICATO");
     spazio();
 
     intestazione("RISULTATO DELLA VERIFICA");
@@ -559,13 +602,15 @@ std::vector<VoceTenuta> TenutaRelazione(const VerificaTenuta& r, const std::stri
         riga("Tenuta idonea al funzionamento");
     } else if (r.EsitoProva == 2) {
         riga("Tenuta idonea al funzionamento temporaneo (*)");
-        riga("(*) La tenuta dell'impianto deve essere ripristinata entro e non oltre 30 giorni a partire dalla "
-             "data odierna");
+        riga(
+            "(*) La tenuta dell'impianto deve essere ripristinata entro e non oltre 30 giorni a partire dalla "
+            "data odierna");
     } else {
         riga("Tenuta non idonea al funzionamento (**)");
         riga("(**) L'impianto viene messo fuori esercizio.");
-        riga("Si diffida dall'utilizzo: la mancanza di tenuta rilevata pregiudica la sicurezza della pubblica "
-             "incolumità");
+        riga(
+            "Si diffida dall'utilizzo: la mancanza di tenuta rilevata pregiudica la sicurezza della pubblica "
+            "incolumità");
     }
     spazio();
 

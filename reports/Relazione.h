@@ -19,14 +19,14 @@ namespace fornax {
 // The eight sections a run may write, in the order of the print dialog's check boxes, which
 // is also the order of the letters of the stored setting "SetStampe".
 struct ReportSelection {
-    bool Copertina = false;        // chkCopertina: cover
-    bool Tronchi = false;          // ChkTronchi: table of sections
-    bool DiagrammaRete = false;    // chkDiagrammaRete: schema of the network
-    bool PDCLocalizzate = false;   // chkPDCLocalizzate: localised pressure losses
-    bool Verifica = false;         // ChkVerifica: worst path
-    bool Utenze = false;           // ChkUtenze: consumers
-    bool Computo = false;          // ChkComputo: bill of pipes
-    bool TenutaImpianto = false;   // ChkTenutaImpianto: leak-test record
+    bool Copertina = false;       // chkCopertina: cover
+    bool Tronchi = false;         // ChkTronchi: table of sections
+    bool DiagrammaRete = false;   // chkDiagrammaRete: schema of the network
+    bool PDCLocalizzate = false;  // chkPDCLocalizzate: localised pressure losses
+    bool Verifica = false;        // ChkVerifica: worst path
+    bool Utenze = false;          // ChkUtenze: consumers
+    bool Computo = false;         // ChkComputo: bill of pipes
+    bool TenutaImpianto = false;  // ChkTenutaImpianto: leak-test record
 
     // "A" ticks a box, "B" leaves it clear; a missing letter is clear.
     static ReportSelection DaLettere(std::string_view lettere);
@@ -91,17 +91,17 @@ std::string Destra(std::string_view testo, int n);
 // each back end cuts them to its own budget (the printer measures its own).
 struct ColonnaRelazione {
     int16_t id = 0;
-    int16_t peso = 0;      // the column file's weight
-    std::string titolo1;   // empty when the column file holds "."
+    int16_t peso = 0;     // the column file's weight
+    std::string titolo1;  // empty when the column file holds "."
     std::string titolo2;
     std::string formato;
-    int larghezza = 0;     // millimetres of the file reports: weight x unit
-    int budget = 0;        // characters of the file reports: Int(width / 2) - 1
+    int larghezza = 0;  // millimetres of the file reports: weight x unit
+    int budget = 0;     // characters of the file reports: Int(width / 2) - 1
 };
 
 struct RigaRelazione {
     int16_t sezione = 0;
-    bool ultima = false;   // the row of the last section of the network (NumTronchi or beyond)
+    bool ultima = false;              // the row of the last section of the network (NumTronchi or beyond)
     std::vector<std::string> valori;  // one per column, laid out and trimmed; "" is a blank cell
 };
 
@@ -143,29 +143,29 @@ TabellaRelazione TabellaUtenze(const Documento& d, const Archivi& a);
 // beside them for a back end that lays them out its own way.
 struct CopertinaRelazione {
     bool pressione = false;
-    std::string titolo;                 // "Schema di impianto interno gas" / "Rete gas in pressione"
-    std::string riferimento;            // cut to 70 characters
+    std::string titolo;       // "Schema di impianto interno gas" / "Rete gas in pressione"
+    std::string riferimento;  // cut to 70 characters
     std::string lavoro;
-    std::string normativa;              // "UNI7129 (1992)" / "UNI7129 (2008)"
+    std::string normativa;  // "UNI7129 (1992)" / "UNI7129 (2008)"
     std::string tipoGas;
-    std::string densita;                // "##0.###"
+    std::string densita;  // "##0.###"
     int16_t famiglia = 0;
-    std::string massaVolumica;          // " ##0.###"
-    std::string viscosita;              // mm2/s, " ##0.##"
-    std::string pci, pcs;               // " ##0.## MJ/mc"
+    std::string massaVolumica;  // " ##0.###"
+    std::string viscosita;      // mm2/s, " ##0.##"
+    std::string pci, pcs;       // " ##0.## MJ/mc"
     // Internal installation.
-    std::string limitePa;               // " ##0  Pa"
-    std::string limiteMbar;             // "##0.00 mbar"
-    std::string portataTotale;          // flow of section 1, " ##0.0  Nmc/h"
+    std::string limitePa;       // " ##0  Pa"
+    std::string limiteMbar;     // "##0.00 mbar"
+    std::string portataTotale;  // flow of section 1, " ##0.0  Nmc/h"
     // Pressure network.
-    std::string pressioneIniziale;      // " ##0.00  kPa"
-    std::string pressioneInizialeBar;   // "##0.000 bar"
+    std::string pressioneIniziale;     // " ##0.00  kPa"
+    std::string pressioneInizialeBar;  // "##0.000 bar"
     std::string pressioneFinale;
     std::string pressioneFinaleBar;
-    std::string velocitaImpostata;      // " ##0.0  m/s"
-    std::string velocitaCalcolata;      // " ##0.00  m/s"
-    std::string portataNominale;        // flow of section 1 undone of its contemporaneity
-    std::string portataContemporanea;   // flow of section 1
+    std::string velocitaImpostata;     // " ##0.0  m/s"
+    std::string velocitaCalcolata;     // " ##0.00  m/s"
+    std::string portataNominale;       // flow of section 1 undone of its contemporaneity
+    std::string portataContemporanea;  // flow of section 1
 
     // Raw values.
     double limite = 0, pIniziale = 0, pFinale = 0, velMax = 0, velCalcolata = 0;
@@ -179,8 +179,8 @@ CopertinaRelazione Copertina(const Documento& d, const Archivi& a);
 struct MaterialeComputo {
     std::string nome;
     std::string descrizione;
-    bool acciaio = false;                 // kind 1: its weight is printed
-    std::string peso;                     // "#######0"
+    bool acciaio = false;                                       // kind 1: its weight is printed
+    std::string peso;                                           // "#######0"
     std::vector<std::pair<std::string, std::string>> diametri;  // DN (whole name), metres "###0.0"
 };
 
@@ -206,8 +206,8 @@ struct VoceTenuta {
     };
     Tipo tipo = Tipo::Riga;
     std::string testo;
-    std::vector<std::string> elementi;                          // Elenco, Firme
-    std::vector<std::pair<std::string, std::string>> coppie;    // Apparecchi
+    std::vector<std::string> elementi;                        // Elenco, Firme
+    std::vector<std::pair<std::string, std::string>> coppie;  // Apparecchi
 };
 
 // The record as it stands in the document, in the order it is printed. `nomeGas` is the

@@ -149,10 +149,14 @@ void ScrittoreTxt::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
     using T = VoceTenuta::Tipo;
     for (const VoceTenuta& v : voci) {
         switch (v.tipo) {
-            case T::Spazio: Riga(); break;
+            case T::Spazio:
+                Riga();
+                break;
             case T::Titolo:
             case T::Intestazione:
-            case T::Riga: Riga(v.testo); break;
+            case T::Riga:
+                Riga(v.testo);
+                break;
             case T::Elenco:
             case T::Firme:
                 for (const std::string& s : v.elementi) Riga(s);
@@ -166,8 +170,8 @@ void ScrittoreTxt::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
 
 }  // namespace
 
-EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
-                         Avanzamento& av, Messaggi& msg, const SalvaSchema& schema) {
+EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
+                         Messaggi& msg, const SalvaSchema& schema) {
     Esecuzione run(o.selezione, av);
     FileRelazione f;
     EsitoStampa esito;

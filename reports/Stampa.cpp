@@ -60,8 +60,10 @@ bool UscitaConfermata(const std::string& percorso, Messaggi& msg) {
 namespace {
 
 bool Chiudi(const EsitoStampa& e, const std::string& apertura, const std::string& successo, Messaggi& msg) {
-    if (e.riuscita) msg.Mostra(successo, Box::INFORMATION, "Conclusione");
-    else msg.Mostra(TestoErroreStampa(apertura, e), Box::EXCLAMATION, "Errore");
+    if (e.riuscita)
+        msg.Mostra(successo, Box::INFORMATION, "Conclusione");
+    else
+        msg.Mostra(TestoErroreStampa(apertura, e), Box::EXCLAMATION, "Errore");
     return e.riuscita;
 }
 

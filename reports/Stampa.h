@@ -18,10 +18,10 @@ class Messaggi;
 
 struct OpzioniStampa {
     ReportSelection selezione;
-    std::string DataStampa;                            // printed in every footer, "dd/mm/yyyy"
-    std::string DittaRiga1, DittaRiga2;                // the user's firm, in every header
+    std::string DataStampa;              // printed in every footer, "dd/mm/yyyy"
+    std::string DittaRiga1, DittaRiga2;  // the user's firm, in every header
     std::string VersioneProgramma = VERSIONE_PROGRAMMA;
-    bool logo = false;                                 // logo.bmp of the program's folder is used
+    bool logo = false;  // logo.bmp of the program's folder is used
 };
 
 // Writes the picture of the schema to the given path (a .bmp beside the report). The report
@@ -48,8 +48,8 @@ bool ControllaLogo(const std::string& cartellaProgramma, Messaggi& msg);
 // The schema is written only when `schema` is given.
 EsitoStampa PrintHTMLFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
                           Avanzamento& av, Messaggi& msg, const SalvaSchema& schema = nullptr);
-EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
-                         Avanzamento& av, Messaggi& msg, const SalvaSchema& schema = nullptr);
+EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
+                         Messaggi& msg, const SalvaSchema& schema = nullptr);
 
 // The same runs with the product's closing boxes: "Conclusione" on success, "Errore" with the
 // text above on failure.

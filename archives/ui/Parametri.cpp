@@ -19,10 +19,10 @@
 #include "archives/Gas.h"
 #include "archives/Materiali.h"
 #include "archives/Pdc.h"
-#include "core/ui/Controlli.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 
@@ -218,8 +218,8 @@ void Parametri::MostraGas() {
 }
 
 void Parametri::cmdBrowse() {
-    const QString cartella = QFileDialog::getExistingDirectory(this, QStringLiteral("Seleziona la directory"),
-                                                               txtDocumentPath->text());
+    const QString cartella =
+        QFileDialog::getExistingDirectory(this, QStringLiteral("Seleziona la directory"), txtDocumentPath->text());
     if (!cartella.isEmpty()) txtDocumentPath->setText(cartella);
 }
 

@@ -10,9 +10,9 @@
 #include <QVBoxLayout>
 
 #include "archives/Default.h"
-#include "core/ui/Controlli.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 

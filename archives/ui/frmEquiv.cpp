@@ -6,8 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "core/ui/Controlli.h"
 #include "core/Servizi.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 
@@ -57,12 +57,12 @@ void frmEquiv::Procedi() {
 }
 
 void UsaDialogoSostituzioni(MessaggiQt& msg) {
-    msg.ImpostaSceltaSostituto([&msg](QWidget* padre, const std::string& nome, int tipo,
-                                      const std::vector<std::string>& elenco) {
-        frmEquiv f(nome, tipo, elenco, msg, padre);
-        f.exec();
-        return f.value();
-    });
+    msg.ImpostaSceltaSostituto(
+        [&msg](QWidget* padre, const std::string& nome, int tipo, const std::vector<std::string>& elenco) {
+            frmEquiv f(nome, tipo, elenco, msg, padre);
+            f.exec();
+            return f.value();
+        });
 }
 
 }  // namespace fornax::ui

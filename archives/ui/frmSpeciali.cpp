@@ -8,8 +8,8 @@
 #include <QVBoxLayout>
 
 #include "archives/Speciali.h"
-#include "core/ui/Controlli.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 

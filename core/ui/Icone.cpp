@@ -157,8 +157,12 @@ void Disegna(QPainter& p, Icona i) {
             Lucchetto(p, QRectF(17, 14, 13, 16), QColor(180, 120, 0));
             break;
         }
-        case Icona::ZoomPiu: Lente(p, true); break;
-        case Icona::ZoomMeno: Lente(p, false); break;
+        case Icona::ZoomPiu:
+            Lente(p, true);
+            break;
+        case Icona::ZoomMeno:
+            Lente(p, false);
+            break;
         case Icona::Gas: {
             QPainterPath fiamma;
             fiamma.moveTo(16, 2);

@@ -12,11 +12,16 @@ namespace {
 
 QMessageBox::Icon Icona(int flags) {
     switch (flags & 0x70) {
-        case Box::CRITICAL: return QMessageBox::Critical;
-        case Box::QUESTION: return QMessageBox::Question;
-        case Box::EXCLAMATION: return QMessageBox::Warning;
-        case Box::INFORMATION: return QMessageBox::Information;
-        default: return QMessageBox::NoIcon;
+        case Box::CRITICAL:
+            return QMessageBox::Critical;
+        case Box::QUESTION:
+            return QMessageBox::Question;
+        case Box::EXCLAMATION:
+            return QMessageBox::Warning;
+        case Box::INFORMATION:
+            return QMessageBox::Information;
+        default:
+            return QMessageBox::NoIcon;
     }
 }
 

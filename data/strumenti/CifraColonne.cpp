@@ -76,8 +76,9 @@ std::vector<Errore> ControllaStruttura(const std::vector<std::string>& righe) {
                 errori.push_back({n + 1, "virgola in una colonna: alla lettura diventerebbe un punto"});
             const int ultimo = SeparaCampi(r, campi);
             if (ultimo != 6)
-                errori.push_back({n + 1, std::to_string(ultimo + 1) + " campi invece di 7 (titolo 1, formato, bloccata, "
-                                                                      "titolo 2, larghezza, chiave, suggerimento)"});
+                errori.push_back({n + 1, std::to_string(ultimo + 1) +
+                                             " campi invece di 7 (titolo 1, formato, bloccata, "
+                                             "titolo 2, larghezza, chiave, suggerimento)"});
         }
     }
     if (!fine) errori.push_back({righe.size(), "manca la riga \"@\" che chiude il file"});
@@ -115,8 +116,9 @@ int main(int argc, char** argv) {
         }
         const std::string cifrata = CodificaRiga(r);
         if (cifrata.find_first_of("\r\n") != std::string::npos || DecodificaRiga(cifrata) != r) {
-            errori.push_back({n + 1, "un carattere non si puo' cifrare nella sua posizione "
-                                     "(lettere da \"õ\" a \"û\"): spostarlo o riscrivere il testo"});
+            errori.push_back({n + 1,
+                              "un carattere non si puo' cifrare nella sua posizione "
+                              "(lettere da \"õ\" a \"û\"): spostarlo o riscrivere il testo"});
             continue;
         }
         uscita += cifrata;

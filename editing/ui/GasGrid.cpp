@@ -17,11 +17,11 @@
 #include <cmath>
 
 #include "archives/Pdc.h"
-#include "core/ui/Controlli.h"
 #include "calc/Verifica.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 #include "editing/RegoleGriglia.h"
 #include "editing/ui/ModelloTronchi.h"
 
@@ -34,19 +34,26 @@ constexpr int RIGHE_GRIGLIA = MAX_TRONCHI + 1;
 
 QColor ColoreInchiostro(Inchiostro i) {
     switch (i) {
-        case Inchiostro::Blu: return Colori::BLU;
-        case Inchiostro::Rosso: return Colori::ROSSO;
-        case Inchiostro::RossoScuro: return Colori::ROSSO_SCURO;
-        case Inchiostro::Nero: break;
+        case Inchiostro::Blu:
+            return Colori::BLU;
+        case Inchiostro::Rosso:
+            return Colori::ROSSO;
+        case Inchiostro::RossoScuro:
+            return Colori::ROSSO_SCURO;
+        case Inchiostro::Nero:
+            break;
     }
     return Colori::NERO;
 }
 
 QColor ColoreFondo(Fondo f) {
     switch (f) {
-        case Fondo::GialloPallido: return Colori::GIALLO_PALLIDO;
-        case Fondo::RossoCupo: return Colori::ROSSO_CUPO;
-        case Fondo::Bianco: break;
+        case Fondo::GialloPallido:
+            return Colori::GIALLO_PALLIDO;
+        case Fondo::RossoCupo:
+            return Colori::ROSSO_CUPO;
+        case Fondo::Bianco:
+            break;
     }
     return Colori::BIANCO;
 }
@@ -159,8 +166,9 @@ void GasGrid::Costruisci() {
     Grid->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
     Grid->horizontalHeader()->setStretchLastSection(true);
     Grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    Grid->setStyleSheet(QStringLiteral("QTableView { gridline-color: #c8c8c8; selection-background-color: #cfe3f7; "
-                                       "selection-color: black; }"));
+    Grid->setStyleSheet(
+        QStringLiteral("QTableView { gridline-color: #c8c8c8; selection-background-color: #cfe3f7; "
+                       "selection-color: black; }"));
     const int altezza = Grid->fontMetrics().height() + 6;
     Grid->verticalHeader()->setDefaultSectionSize(altezza);
     Grid->verticalHeader()->setMinimumWidth(Grid->fontMetrics().horizontalAdvance(QStringLiteral("0000")) + 10);
@@ -289,8 +297,10 @@ std::vector<ModelloTronchi::Cella> CelleRiga(const Documento& d, const Archivi& 
 
 void GasGrid::ScriviRiga(int r) {
     if (r < 1 || r >= modello_->Righe()) return;
-    if (r > d_.NumTronchi()) modello_->SvuotaRigaMuta(r);
-    else modello_->ScriviRigaMuta(r, CelleRiga(d_, a_, *modello_, r));
+    if (r > d_.NumTronchi())
+        modello_->SvuotaRigaMuta(r);
+    else
+        modello_->ScriviRigaMuta(r, CelleRiga(d_, a_, *modello_, r));
     modello_->Annuncia(r, r);
 }
 
@@ -430,8 +440,10 @@ void GasGrid::AggiornaPannello() {
     QString testo = Q(modello_->Colonna(c).Suggerimento);
     if (IdColonna(c) == Id::ID_MATERIALE) {
         int m = 0;
-        if (Combo1->isVisible()) m = Combo1->currentIndex() + 1;
-        else if (Row() >= 1 && Row() <= d_.NumTronchi()) m = d_.T(Row()).IndiceMateriale;
+        if (Combo1->isVisible())
+            m = Combo1->currentIndex() + 1;
+        else if (Row() >= 1 && Row() <= d_.NumTronchi())
+            m = d_.T(Row()).IndiceMateriale;
         if (m >= 1 && m <= a_.NumMateriali())
             testo = Q(a_.Materiali[static_cast<size_t>(m)].Nome) + QStringLiteral(": ") +
                     Q(a_.Materiali[static_cast<size_t>(m)].Descrizione);

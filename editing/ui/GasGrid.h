@@ -79,8 +79,8 @@ public:
     int RigaDiametro = 0;
     int TipoGriglia = 0;
     int Zoom = 0;
-    bool InElaborazione = true;   // false while Elaborazione runs
-    int TroncoSelezionato = 0;    // the section selected on the schema
+    bool InElaborazione = true;  // false while Elaborazione runs
+    int TroncoSelezionato = 0;   // the section selected on the schema
 
     // ---- Parts, for the main frame and the tests ----
     QTabWidget* Schede() const { return SSTab1; }
@@ -156,10 +156,10 @@ private:
     QComboBox* ComboFinalPres = nullptr;
     QComboBox* ComboDpMax = nullptr;
 
-    bool modificaTesto_ = false;  // Text1's tag: a change is pending
+    bool modificaTesto_ = false;      // Text1's tag: a change is pending
     bool modificaMateriale_ = false;  // the material list was changed by the user
-    int bloccoFuoco_ = 0;         // a commit or a dialog is running: focus changes commit nothing
-    bool grigliaRinviata_ = false;  // a second recalculation follows at once: write the grid then
+    int bloccoFuoco_ = 0;             // a commit or a dialog is running: focus changes commit nothing
+    bool grigliaRinviata_ = false;    // a second recalculation follows at once: write the grid then
 };
 
 }  // namespace fornax::ui

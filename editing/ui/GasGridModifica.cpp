@@ -14,11 +14,11 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "core/ui/Controlli.h"
 #include "archives/ui/ViewDiametriFrm.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 #include "editing/Cancellazione.h"
 #include "editing/RegoleGriglia.h"
 #include "editing/ui/GasGrid.h"
@@ -123,7 +123,8 @@ void GasGrid::ApriMateriale(int riga, int colonna) {
         scelta = t.IndiceMateriale - 1;
     if (riga == d_.NumTronchi() + 1 && riga > 1) {
         const Tronco& sopra = d_.T(riga - 1);
-        if (sopra.IndiceMateriale >= 1 && sopra.IndiceMateriale <= a_.NumMateriali()) scelta = sopra.IndiceMateriale - 1;
+        if (sopra.IndiceMateriale >= 1 && sopra.IndiceMateriale <= a_.NumMateriali())
+            scelta = sopra.IndiceMateriale - 1;
     }
     Combo1->setCurrentIndex(scelta >= 0 ? scelta : (Combo1->count() > 0 ? 0 : -1));
     modificaMateriale_ = false;
@@ -217,12 +218,21 @@ bool GasGrid::eventFilter(QObject* o, QEvent* e) {
         auto* k = static_cast<QKeyEvent*>(e);
         if (k->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;
         switch (k->key()) {
-            case Qt::Key_Delete: DeleteKeyGrid(); return true;
+            case Qt::Key_Delete:
+                DeleteKeyGrid();
+                return true;
             case Qt::Key_Return:
-            case Qt::Key_Enter: GridEditing(QStringLiteral("\r")); return true;
-            case Qt::Key_Backspace: GridEditing(QStringLiteral("\b")); return true;
-            case Qt::Key_F2: GridEditing(QString()); return true;
-            default: break;
+            case Qt::Key_Enter:
+                GridEditing(QStringLiteral("\r"));
+                return true;
+            case Qt::Key_Backspace:
+                GridEditing(QStringLiteral("\b"));
+                return true;
+            case Qt::Key_F2:
+                GridEditing(QString());
+                return true;
+            default:
+                break;
         }
         const QString t = k->text();
         if (!t.isEmpty() && t.at(0).isPrint()) {
@@ -260,22 +270,34 @@ bool GasGrid::eventFilter(QObject* o, QEvent* e) {
                     case Qt::Key_Left:
                     case Qt::Key_Right:
                     case Qt::Key_Up:
-                    case Qt::Key_Down: Freccia(k->key()); return true;
-                    case Qt::Key_Escape: Esc(); return true;
+                    case Qt::Key_Down:
+                        Freccia(k->key());
+                        return true;
+                    case Qt::Key_Escape:
+                        Esc();
+                        return true;
                     case Qt::Key_Return:
-                    case Qt::Key_Enter: Invio(); return true;
-                    case Qt::Key_Question: ApriDettaglio(); return true;
-                    default: return false;
+                    case Qt::Key_Enter:
+                        Invio();
+                        return true;
+                    case Qt::Key_Question:
+                        ApriDettaglio();
+                        return true;
+                    default:
+                        return false;
                 }
             }
-            case QEvent::MouseButtonDblClick: ApriDettaglio(); return true;
+            case QEvent::MouseButtonDblClick:
+                ApriDettaglio();
+                return true;
             case QEvent::FocusOut: {
                 const auto ragione = static_cast<QFocusEvent*>(e)->reason();
                 if (ragione != Qt::PopupFocusReason && ragione != Qt::ActiveWindowFocusReason && bloccoFuoco_ == 0)
                     PerditaFuocoTesto();
                 return false;
             }
-            default: return false;
+            default:
+                return false;
         }
     }
     if (o == Combo1) {
@@ -300,7 +322,8 @@ bool GasGrid::eventFilter(QObject* o, QEvent* e) {
                     ChiudiMateriale(false);
                 return false;
             }
-            default: return false;
+            default:
+                return false;
         }
     }
     return QWidget::eventFilter(o, e);
@@ -322,11 +345,20 @@ void GasGrid::Freccia(int tasto) {
     int r = Row();
     int c = Col();
     switch (tasto) {
-        case Qt::Key_Left: c = std::max(c - 1, 1); break;
-        case Qt::Key_Up: r = std::max(r - 1, 1); break;
-        case Qt::Key_Right: c = std::min(c + 1, modello_->UltimaColonna()); break;
-        case Qt::Key_Down: r = std::min(r + 1, modello_->Righe() - 1); break;
-        default: break;
+        case Qt::Key_Left:
+            c = std::max(c - 1, 1);
+            break;
+        case Qt::Key_Up:
+            r = std::max(r - 1, 1);
+            break;
+        case Qt::Key_Right:
+            c = std::min(c + 1, modello_->UltimaColonna());
+            break;
+        case Qt::Key_Down:
+            r = std::min(r + 1, modello_->Righe() - 1);
+            break;
+        default:
+            break;
     }
     ChiudiEditor();
     VaiA(r, c);
@@ -455,9 +487,8 @@ void GasGrid::ConfermaCella(int riga, int colonna) {
     EsitoConferma esito;
     {
         Blocco b(bloccoFuoco_);
-        esito = ConfermaCelle(d_, a_, da, a, c.Id, testo, msg_, [this](int materiale) {
-            return S(ViewDiametriFrm::Scegli(this, a_, materiale));
-        });
+        esito = ConfermaCelle(d_, a_, da, a, c.Id, testo, msg_,
+                              [this](int materiale) { return S(ViewDiametriFrm::Scegli(this, a_, materiale)); });
     }
     for (const EsitoCella& e : esito.righe) {
         // Rows that have just joined the table show their record (the material they took).

@@ -3,8 +3,8 @@
 #include <QBrush>
 #include <algorithm>
 
-#include "core/ui/Controlli.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 
 namespace fornax::ui {
 
@@ -127,7 +127,8 @@ QVariant ModelloTronchi::data(const QModelIndex& index, int role) const {
     const int c = index.column() + 1;
     const Cella& x = cella(r, c);
     switch (role) {
-        case Qt::DisplayRole: return x.testo;
+        case Qt::DisplayRole:
+            return x.testo;
         case Qt::ForegroundRole:
             // Text on the dark red of an incurable diameter is written in white to stay legible.
             if (x.fondo.isValid() && x.fondo.lightness() < 110) return QBrush(Qt::white);
@@ -136,10 +137,12 @@ QVariant ModelloTronchi::data(const QModelIndex& index, int role) const {
         case Qt::BackgroundRole:
             if (x.fondo.isValid() && x.fondo != Colori::BIANCO) return QBrush(x.fondo);
             return {};
-        case Qt::ToolTipRole: return Q(Colonna(c).Suggerimento);
+        case Qt::ToolTipRole:
+            return Q(Colonna(c).Suggerimento);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(Qt::AlignVCenter | (Numerica(Colonna(c)) ? Qt::AlignRight : Qt::AlignLeft));
-        default: return {};
+        default:
+            return {};
     }
 }
 
@@ -155,9 +158,12 @@ QVariant ModelloTronchi::headerData(int section, Qt::Orientation orientation, in
             const QString t2 = Titolo(col.Titolo2);
             return Titolo(col.Titolo1) + QStringLiteral("\n") + t2;
         }
-        case Qt::ToolTipRole: return Q(col.Suggerimento);
-        case Qt::TextAlignmentRole: return QVariant::fromValue(Qt::AlignCenter);
-        default: return {};
+        case Qt::ToolTipRole:
+            return Q(col.Suggerimento);
+        case Qt::TextAlignmentRole:
+            return QVariant::fromValue(Qt::AlignCenter);
+        default:
+            return {};
     }
 }
 

@@ -134,12 +134,13 @@ TEST_F(ArchiviProva, MaterialiLettiInOrdineDiNomeConRigheScartate) {
     dir.Scrivi("rame.MAT", "# rame\n 2\n 8900\n\n.\n#  DN\n10x1\t1\t8\n12x1\t1\t10\t\n");
     // The material is named up to the first point: "A.B.mat" is material A, read from A.mat.
     dir.Scrivi("A.B.mat", "1\n7850\nnon letto\n");
-    dir.Scrivi("A.mat", "1\n7850\nTubi in acciaio, serie leggera\n"
-                        "3/4\"\t2,9\t21,6\t\n"
-                        "   \t2\t20\n"          // no DN: dropped
-                        "1\"\t3.2\t0\n"         // no inner diameter: dropped
-                        "solo due\t1\n"         // too few fields: dropped
-                        "1\"\t3.2\t27.2\n");
+    dir.Scrivi("A.mat",
+               "1\n7850\nTubi in acciaio, serie leggera\n"
+               "3/4\"\t2,9\t21,6\t\n"
+               "   \t2\t20\n"   // no DN: dropped
+               "1\"\t3.2\t0\n"  // no inner diameter: dropped
+               "solo due\t1\n"  // too few fields: dropped
+               "1\"\t3.2\t27.2\n");
     CaricaMateriali(*a, av, msg);
     ASSERT_EQ(a->NumMateriali(), 3);
     EXPECT_EQ(a->NomiMateriali(), (std::vector<std::string>{"A", "A", "rame"}));
@@ -238,15 +239,15 @@ TEST_F(ArchiviProva, SostituzioneChiestaUnaVoltaPerNome) {
 TEST_F(ArchiviProva, RaccordiInterniPerClasseDiDiametroEFamiglia) {
     CaricaSpecialiInterni(*a);
     EXPECT_EQ(a->Speciali[2].Nome, "RACCORDO A T");
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 22.3f, 2), 0.2f);   // a limit belongs to the lower class
+    EXPECT_EQ(LunghezzaInterna(*a, 1, 22.3f, 2), 0.2f);  // a limit belongs to the lower class
     EXPECT_EQ(LunghezzaInterna(*a, 1, 22.31f, 2), 0.5f);
     EXPECT_EQ(LunghezzaInterna(*a, 1, 53.89f, 3), 0.5f);
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 53.9f, 3), 1.0f);   // the single 53.9 lies just above the limit
+    EXPECT_EQ(LunghezzaInterna(*a, 1, 53.9f, 3), 1.0f);  // the single 53.9 lies just above the limit
     EXPECT_EQ(LunghezzaInterna(*a, 1, 81.7f, 3), 1.0f);
     EXPECT_EQ(LunghezzaInterna(*a, 2, 100.0f, 3), 7.5f);
     EXPECT_EQ(LunghezzaInterna(*a, 3, 30.0f, 3), 2.0f);
     EXPECT_EQ(LunghezzaInterna(*a, 4, 10.0f, 1), 0.3f);
-    EXPECT_EQ(LunghezzaInterna(*a, 2, 10.0f, 0), 0.0f);   // a gas that doesn't burn has no family
+    EXPECT_EQ(LunghezzaInterna(*a, 2, 10.0f, 0), 0.0f);  // a gas that doesn't burn has no family
     EXPECT_EQ(LunghezzaInterna(*a, 5, 10.0f, 2), 0.0f);
 }
 
@@ -265,7 +266,7 @@ TEST_F(ArchiviProva, RaccordiInPressioneDaEqlen) {
     EXPECT_EQ(LunghezzaPressione(*a, 1, 125.5f), 2.0f);
     EXPECT_EQ(a->Speciali[2].Nome, "TEE");
     EXPECT_EQ(LunghezzaPressione(*a, 2, 10.0f), 1.0f);
-    EXPECT_EQ(LunghezzaPressione(*a, 2, 60.0f), 0.0f);   // missing numbers read 0
+    EXPECT_EQ(LunghezzaPressione(*a, 2, 60.0f), 0.0f);  // missing numbers read 0
     // Only family 1 is replaced: the other families and the names of kinds 3, 4 stay.
     EXPECT_EQ(a->Speciali[3].Nome, "GOMITO");
     EXPECT_EQ(a->Speciali[1].Lunghezza[3][3], 1.0f);

@@ -33,7 +33,7 @@ inline std::string Bits(float v) {
 
 // Compares every key the expected value holds with ours; collects the differences as text.
 inline void Confronta(const std::string& dove, const Json& atteso, const Json& nostro, const std::string& chiave,
-               std::vector<std::string>& differenze) {
+                      std::vector<std::string>& differenze) {
     if (atteso.tipo != nostro.tipo) {
         differenze.push_back(dove + ": tipo diverso");
         return;
@@ -64,8 +64,8 @@ inline void Confronta(const std::string& dove, const Json& atteso, const Json& n
                 if (atteso.Doppio() != nostro.Doppio())
                     differenze.push_back(dove + ": atteso " + atteso.testo + ", calcolato " + nostro.testo);
             } else if (atteso.Singolo() != nostro.Singolo()) {
-                differenze.push_back(dove + ": atteso " + atteso.testo + " (" + Bits(atteso.Singolo()) + "), calcolato " +
-                                     nostro.testo + " (" + Bits(nostro.Singolo()) + ")");
+                differenze.push_back(dove + ": atteso " + atteso.testo + " (" + Bits(atteso.Singolo()) +
+                                     "), calcolato " + nostro.testo + " (" + Bits(nostro.Singolo()) + ")");
             }
             break;
         case Json::Tipo::Testo:
@@ -75,7 +75,8 @@ inline void Confronta(const std::string& dove, const Json& atteso, const Json& n
         case Json::Tipo::Booleano:
             if (atteso.booleano != nostro.booleano) differenze.push_back(dove + ": booleano diverso");
             break;
-        case Json::Tipo::Nullo: break;
+        case Json::Tipo::Nullo:
+            break;
     }
 }
 

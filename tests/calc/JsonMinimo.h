@@ -138,9 +138,15 @@ private:
                 if (p_ >= s_.size()) Errore("escape troncato");
                 const char e = s_[p_++];
                 switch (e) {
-                    case 'n': out += '\n'; break;
-                    case 'r': out += '\r'; break;
-                    case 't': out += '\t'; break;
+                    case 'n':
+                        out += '\n';
+                        break;
+                    case 'r':
+                        out += '\r';
+                        break;
+                    case 't':
+                        out += '\t';
+                        break;
                     case 'u': {
                         if (p_ + 4 > s_.size()) Errore("escape troncato");
                         const unsigned long cp = std::stoul(s_.substr(p_, 4), nullptr, 16);
@@ -157,7 +163,8 @@ private:
                         }
                         break;
                     }
-                    default: out += e;
+                    default:
+                        out += e;
                 }
             } else {
                 out += c;

@@ -44,20 +44,33 @@ inline MaterialeTubo Materiale(const std::string& nome, int16_t tipo, float peso
 inline std::unique_ptr<Archivi> ArchiviProva(bool pressione = false) {
     auto a = std::make_unique<Archivi>();
     a->Materiali.push_back(Materiale("ACCIAIO", 1, 7850,
-                                     {{"3/8\"", 12.6f}, {"1/2\"", 16.1f}, {"3/4\"", 21.7f}, {"1\"", 27.3f},
-                                      {"1 1/4\"", 36.0f}, {"1 1/2\"", 41.9f}, {"2\"", 53.1f}, {"2 1/2\"", 68.9f},
-                                      {"3\"", 80.9f}, {"4\"", 105.3f}},
+                                     {{"3/8\"", 12.6f},
+                                      {"1/2\"", 16.1f},
+                                      {"3/4\"", 21.7f},
+                                      {"1\"", 27.3f},
+                                      {"1 1/4\"", 36.0f},
+                                      {"1 1/2\"", 41.9f},
+                                      {"2\"", 53.1f},
+                                      {"2 1/2\"", 68.9f},
+                                      {"3\"", 80.9f},
+                                      {"4\"", 105.3f}},
                                      3.2f));
     a->Materiali.push_back(Materiale("RAME", 2, 8900,
-                                     {{"10x1", 8.0f}, {"12x1", 10.0f}, {"14x1", 12.0f}, {"16x1", 14.0f},
-                                      {"18x1", 16.0f}, {"22x1", 20.0f}, {"28x1", 26.0f}},
+                                     {{"10x1", 8.0f},
+                                      {"12x1", 10.0f},
+                                      {"14x1", 12.0f},
+                                      {"16x1", 14.0f},
+                                      {"18x1", 16.0f},
+                                      {"22x1", 20.0f},
+                                      {"28x1", 26.0f}},
                                      1.0f));
     CalcolaDerivati(*a);
     CaricaSpecialiInterni(*a);
     if (pressione) {
-        const float tabella[11][3] = {{0, 0, 0},          {0.7f, 1.75f, 2.8f}, {3, 7.5f, 12},     {1.5f, 3.75f, 6},
-                                      {0.15f, 0.38f, 0.6f}, {1, 2.5f, 4},      {0.8f, 2, 3.2f},   {0, 0, 0},
-                                      {0.4f, 1, 1.6f},    {0.9f, 2.25f, 3.6f}, {2.25f, 5.6f, 9}};
+        const float tabella[11][3] = {
+            {0, 0, 0},       {0.7f, 1.75f, 2.8f}, {3, 7.5f, 12}, {1.5f, 3.75f, 6}, {0.15f, 0.38f, 0.6f},
+            {1, 2.5f, 4},    {0.8f, 2, 3.2f},     {0, 0, 0},     {0.4f, 1, 1.6f},  {0.9f, 2.25f, 3.6f},
+            {2.25f, 5.6f, 9}};
         for (size_t k = 1; k <= 10; ++k)
             for (size_t c = 1; c <= 3; ++c) a->Speciali[k].Lunghezza[1][c] = tabella[k][c - 1];
     }
@@ -101,7 +114,8 @@ inline int Aggiungi(Documento& d, const Archivi& a, int padre, const Dati& x) {
     t.ID_P_UTENZE = x.utenze;
     t.ID_LEN = x.lunghezza;
     t.IndiceMateriale = static_cast<int16_t>(x.materiale);
-    if (x.materiale >= 1 && x.materiale <= a.NumMateriali()) t.ID_MATERIALE = a.Materiali[static_cast<size_t>(x.materiale)].Nome;
+    if (x.materiale >= 1 && x.materiale <= a.NumMateriali())
+        t.ID_MATERIALE = a.Materiali[static_cast<size_t>(x.materiale)].Nome;
     t.ID_NCURVE = x.curve;
     t.ID_NGOMITI = x.gomiti;
     t.ID_NRACCORDI = x.raccordi;

@@ -41,10 +41,11 @@ TEST_F(CliCalc, IlJsonDeiProgettiDiAccettazione) {
                              "p02_chain5", "p03_contemp_junction", "p04_budget_fails_halfway", "p09_roughness_mix"}) {
         SCOPED_TRACE(nome);
         const std::string json = P(std::string(nome) + ".json");
-        const Esito e = Esegui("calc '" + kAccettazione + "/projects/" + nome + ".RTG' --json '" + json + "'",
-                               P("errori.txt"));
+        const Esito e =
+            Esegui("calc '" + kAccettazione + "/projects/" + nome + ".RTG' --json '" + json + "'", P("errori.txt"));
         ASSERT_EQ(e.stato, 0) << fornax::prova::LeggiTesto(P("errori.txt"));
-        const auto atteso = fornax::prova::LeggiJson(fornax::prova::LeggiTesto(kAccettazione + "/expected/" + nome + ".json"));
+        const auto atteso =
+            fornax::prova::LeggiJson(fornax::prova::LeggiTesto(kAccettazione + "/expected/" + nome + ".json"));
         const auto nostro = fornax::prova::LeggiJson(fornax::prova::LeggiTesto(json));
         const auto differenze = fornax::prova::Differenze(nome, atteso, nostro);
         EXPECT_TRUE(differenze.empty()) << fornax::prova::Elenco(differenze);

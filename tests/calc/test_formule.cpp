@@ -156,7 +156,7 @@ TEST_F(Formule, LunghezzaEquivalenteInternaAccoppiaITipi1324) {
         float atteso;
     } casi[] = {
         {2.5f, 1, 2, 3, 4, 0.7f, 20.0f, 2, 9.0f},
-        {2.5f, 1, 2, 3, 4, 0.0f, 22.3f, 3, 8.9f},   // 22.3 is still the first class
+        {2.5f, 1, 2, 3, 4, 0.0f, 22.3f, 3, 8.9f},  // 22.3 is still the first class
         {1.0f, 4, 3, 2, 1, 0.0f, 22.4f, 1, 12.3f},
         {3.0f, 1, 1, 1, 1, 1.5f, 81.7f, 3, 14.5f},
         {3.0f, 2, 0, 1, 0, 0.0f, 81.8f, 2, 12.5f},

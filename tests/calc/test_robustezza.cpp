@@ -98,11 +98,11 @@ TEST_P(Robustezza, GasSenzaViscositaNonDaCadute) {
 
 TEST_P(Robustezza, CollegamentiCheTornanoIndietro) {
     Albero();
-    d->T(4).ID_LEFT = 1;   // back up to the root
-    d->T(5).ID_LEFT = 5;   // onto itself
-    d->T(3).ID_LEFT = 2;   // a second parent for 2
+    d->T(4).ID_LEFT = 1;  // back up to the root
+    d->T(5).ID_LEFT = 5;  // onto itself
+    d->T(3).ID_LEFT = 2;  // a second parent for 2
     d->T(3).ID_RIGHT = -3;
-    d->T(2).ID_PREV = 4;   // parents that loop
+    d->T(2).ID_PREV = 4;  // parents that loop
     CalcolaRete(*d, *a, msg);
     EXPECT_EQ(d->T(1).Visitato, VERO);
     Leggi();

@@ -144,7 +144,7 @@ TEST_F(Verifica, ComputoDelleTubazioniRaggiunte) {
     x.lunghezza = 4.0f, x.diametro = "18x1", x.materiale = RAME;
     Aggiungi(*d, *a, 2, x);
     x.lunghezza = 7.0f, x.diametro = "1\"", x.materiale = ACCIAIO;
-    Aggiungi(*d, *a, 0, x);  // cut off the tree: not reached
+    Aggiungi(*d, *a, 0, x);      // cut off the tree: not reached
     d->T(2).ID_EQ_LEN = 100.0f;  // the real length counts, not the equivalent one
     for (int i = 1; i <= 4; ++i) d->T(i).Visitato = VERO;
 
@@ -159,8 +159,9 @@ TEST_F(Verifica, ComputoDelleTubazioniRaggiunte) {
     EXPECT_EQ(acciaio.Righe[4].LunghezzaTotale, 3.5f);   // 1": the cut section isn't billed
     EXPECT_EQ(rame.Righe[5].LunghezzaTotale, 4.0f);
     EXPECT_EQ(acciaio.Totalizzato, -1.0f);
-    const float pesoAcciaio = static_cast<float>(static_cast<float>(static_cast<double>(acciaio.Righe[3].PesoMetro) * 2.0) +
-                                                 static_cast<double>(acciaio.Righe[4].PesoMetro) * 3.5);
+    const float pesoAcciaio =
+        static_cast<float>(static_cast<float>(static_cast<double>(acciaio.Righe[3].PesoMetro) * 2.0) +
+                           static_cast<double>(acciaio.Righe[4].PesoMetro) * 3.5);
     EXPECT_EQ(Bit(acciaio.PesoTotale),
               Bit(static_cast<float>(pesoAcciaio + static_cast<double>(acciaio.Righe[3].PesoMetro) * 1.25)));
     EXPECT_EQ(a->PesoTotaleAcciaio, acciaio.PesoTotale);  // copper is not steel
@@ -183,7 +184,7 @@ TEST_F(Verifica, VolumeDelleTubazioniSuTuttiIRecord) {
     x.lunghezza = 1.25f, x.diametro = "3/8\"";
     Aggiungi(*d, *a, 0, x);  // not reached, counted all the same
     x.lunghezza = 9.0f, x.diametro = "";
-    Aggiungi(*d, *a, 1, x);  // no diameter, no volume
+    Aggiungi(*d, *a, 1, x);     // no diameter, no volume
     d->T(1).ID_EQ_LEN = 50.0f;  // fittings don't count
     // (21.7/2)^2*2*3.1415 + (27.3/2)^2*3.5*3.1415 + (12.6/2)^2*1.25*3.1415, in double.
     EXPECT_EQ(VolumeTubazioni(*d, *a), 2944.170551316412);

@@ -25,7 +25,8 @@ struct Cli : ::testing::Test {
     }
 };
 
-const std::string TESTA = "FX 5.1.0\n!PARAMETERS\nCasa\n.\nMETANO\n 100 \n 0 \n 15 \n 200 \n 150 \n 0 \n 2 \n\n~PARAMETERS\n[\n0\n";
+const std::string TESTA =
+    "FX 5.1.0\n!PARAMETERS\nCasa\n.\nMETANO\n 100 \n 0 \n 15 \n 200 \n 150 \n 0 \n 2 \n\n~PARAMETERS\n[\n0\n";
 
 }  // namespace
 
@@ -80,7 +81,8 @@ TEST_F(Cli, ErroriDUsoEFileNonValidi) {
 
     // A write that fails leaves the previous file as it was.
     dir.Scrivi("casa.RTG", TESTA + "]\n");
-    const Esito s = Esegui(dir, data + "save '" + dir.Percorso("casa.RTG") + "' '" + dir.Percorso("manca/out.RTG") + "'");
+    const Esito s =
+        Esegui(dir, data + "save '" + dir.Percorso("casa.RTG") + "' '" + dir.Percorso("manca/out.RTG") + "'");
     EXPECT_EQ(s.stato, 1);
     EXPECT_NE(s.errori.find("Impossibile scrivere il file"), std::string::npos);
 }

@@ -27,7 +27,7 @@ TEST_F(Albero, NuovoTroncoCollegaAlPadreEUsaIlMaterialePredefinito) {
     EXPECT_EQ(doc->T(1).ID_RIGHT, 3);
     EXPECT_EQ(doc->T(3).ID_PREV, 1);
     EXPECT_EQ(doc->T(3).ID_LEN, 1.0f);
-    EXPECT_EQ(doc->T(3).IndiceMateriale, 2);   // default found without regard to case
+    EXPECT_EQ(doc->T(3).IndiceMateriale, 2);  // default found without regard to case
     EXPECT_EQ(doc->T(3).ID_MATERIALE, "RAME-B");
 
     // A third derivation is refused, but the record taken stays counted.
@@ -48,7 +48,7 @@ TEST_F(Albero, RecordLiberatoRiusatoPrimaDiAllungareLaTabella) {
     Nuovo(0);
     Nuovo(1);
     Nuovo(2);
-    Nuovo(1);  // 4 under 1
+    Nuovo(1);               // 4 under 1
     CancellaRamo(*doc, 2);  // frees 2 and 3
     EXPECT_EQ(doc->T(1).ID_LEFT, 0);
     EXPECT_EQ(doc->T(1).ID_RIGHT, 4);
@@ -62,7 +62,7 @@ TEST_F(Albero, RecordLiberatoRiusatoPrimaDiAllungareLaTabella) {
     EXPECT_EQ(doc->T(4).ID_LEFT, 0);
     EXPECT_TRUE(doc->T(2).ID_SCOLLEGATO);
     EXPECT_FALSE(doc->T(2).ID_CANCELLATO);
-    EXPECT_EQ(Nuovo(4), 3);   // 3 is free from the deletion
+    EXPECT_EQ(Nuovo(4), 3);  // 3 is free from the deletion
     EXPECT_EQ(Nuovo(4), 5);
     EXPECT_TRUE(doc->ReteModificata);
 }
@@ -84,11 +84,11 @@ TEST_F(Albero, CancellaRamoFiniscaAncheSuUnCiclo) {
 }
 
 TEST_F(Albero, CompattaReteChiudeIVuotiERinumeraILegami) {
-    Nuovo(0);        // 1
-    Nuovo(1);        // 2
-    Nuovo(2);        // 3
-    Nuovo(1);        // 4
-    Nuovo(4);        // 5
+    Nuovo(0);  // 1
+    Nuovo(1);  // 2
+    Nuovo(2);  // 3
+    Nuovo(1);  // 4
+    Nuovo(4);  // 5
     doc->T(5).ID_RIF = "caldaia";
     CancellaRamo(*doc, 2);  // 2 and 3 free
     CompattaRete(*doc);
@@ -119,7 +119,7 @@ TEST_F(Albero, TagliaCodaSvuotaIRecordLiberiInFondo) {
     Nuovo(2);
     Nuovo(3);
     doc->T(2).ID_RIF = "cut";
-    ScollegaTronco(*doc, 2);   // 2 cut: 3 and 4 stay linked under it
+    ScollegaTronco(*doc, 2);  // 2 cut: 3 and 4 stay linked under it
     CancellaRamo(*doc, 4);
     CancellaRamo(*doc, 3);
     TagliaCoda(*doc);
@@ -154,7 +154,7 @@ TEST_F(Albero, AzzeraTroncoEAzzeraRete) {
     AzzeraRete(*doc, def);
     EXPECT_EQ(doc->NumTronchi(), 0);
     EXPECT_EQ(doc->Riferimento, "");
-    EXPECT_EQ(doc->Normativa, 1);            // kept from the previous project
+    EXPECT_EQ(doc->Normativa, 1);  // kept from the previous project
     EXPECT_EQ(doc->VelocitaMassima, 20.0f);
     EXPECT_EQ(doc->PressioneIniziale, 200.0);
     EXPECT_EQ(doc->DpMax, 0.0);

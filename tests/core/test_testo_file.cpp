@@ -52,16 +52,16 @@ TEST(FileTesto, LettoriDiRighe) {
     FileTesto f;
     f.ApriDaTesto("# commento\r\n\r\n   \r\nprima,riga\r\n#x\r\n\r\nultima senza a capo");
     EXPECT_EQ(f.LeggiRiga(), "prima.riga");
-    EXPECT_EQ(f.LeggiRigaVuota(), "");           // the empty line after the comment
+    EXPECT_EQ(f.LeggiRigaVuota(), "");  // the empty line after the comment
     EXPECT_EQ(f.LeggiRigaGrezza(), "ultima senza a capo");
     EXPECT_TRUE(f.Fine());
     EXPECT_EQ(f.LeggiRiga(), "");
 
     FileTesto g;
-    g.ApriDaTesto("a\nb,c\n# fine\n");           // LF only is accepted
+    g.ApriDaTesto("a\nb,c\n# fine\n");  // LF only is accepted
     EXPECT_EQ(g.LeggiRigaGrezza(), "a");
     EXPECT_EQ(g.LeggiRigaGrezza(), "b,c");
-    EXPECT_EQ(g.LeggiRiga(), "");                // only a comment left
+    EXPECT_EQ(g.LeggiRiga(), "");  // only a comment left
     EXPECT_TRUE(g.Fine());
 }
 
@@ -83,7 +83,7 @@ TEST(FileTesto, SalvataggioSicuro) {
     w.Riga("Citt\xC3\xA0");
     w.Riga();
     ASSERT_TRUE(w.Salva(p.string()));
-    EXPECT_EQ(LeggiByte(p), "Citt\xE0\r\n\r\n");   // Windows-1252, CR LF
+    EXPECT_EQ(LeggiByte(p), "Citt\xE0\r\n\r\n");  // Windows-1252, CR LF
 
     // A write that fails leaves the previous file as it was and no temporary behind.
     ScrittoreTesto altro;

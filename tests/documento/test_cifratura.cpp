@@ -189,8 +189,9 @@ TEST_F(StrumentoCifra, UnSorgenteErratoFermaLaCompilazioneSenzaToccareIlFile) {
     EXPECT_NE(e.errori.find("12 tabelle"), std::string::npos) << e.errori;
     EXPECT_EQ(LeggiTutto(cne), "precedente");
 
-    EXPECT_NE(Cifra(Scrivi("senza-fine.txt", "N.\t##0\t1\t.\t4\tID_NUM\tNumero\n+\n"), cne).errori.find("manca la riga"),
-              std::string::npos);
+    EXPECT_NE(
+        Cifra(Scrivi("senza-fine.txt", "N.\t##0\t1\t.\t4\tID_NUM\tNumero\n+\n"), cne).errori.find("manca la riga"),
+        std::string::npos);
 }
 
 // ---- What the program needs from the delivered layout ----
@@ -252,7 +253,8 @@ TEST_F(ColonneConsegnate, OgniFormatoNumericoStampaComeLoLeggeUnTecnico) {
             const std::string& formato = Colonna(t, c).Formato;
             if (!Numerico(formato)) continue;
             ASSERT_EQ(esempi.count(formato), 1u) << "formato senza esempio: " << formato;
-            for (const Esempio& e : esempi.at(formato)) EXPECT_EQ(FormattaNumero(e.valore, formato), e.atteso) << formato;
+            for (const Esempio& e : esempi.at(formato))
+                EXPECT_EQ(FormattaNumero(e.valore, formato), e.atteso) << formato;
         }
     }
 }
@@ -272,7 +274,8 @@ TEST_F(ColonneConsegnate, IlTotaleDelPercorsoEQuelloDelleUtenzeHannoLaLoroColonn
 TEST_F(ColonneConsegnate, NelleGriglieSiModificanoSoloLeColonneCheIlProgrammaRegistra) {
     // The grid commits flows, lengths, references, diameters, parents and materials; fitting
     // counts and contemporaneity go through the section's panel, results are computed.
-    const std::set<std::string> modificabili = {"ID_P_UTENZE", "ID_LEN", "ID_RIF", "ID_DIAMETRO", "ID_PREV", "ID_MATERIALE"};
+    const std::set<std::string> modificabili = {"ID_P_UTENZE", "ID_LEN",  "ID_RIF",
+                                                "ID_DIAMETRO", "ID_PREV", "ID_MATERIALE"};
     for (int t : {0, 5}) {
         EXPECT_NE(Colonna(t, 0).Bloccata, 0);
         std::set<std::string> trovate;
@@ -307,7 +310,8 @@ TEST_F(ColonneConsegnate, NelleTabelleDellaRelazioneTitoliEValoriStannoNelLoroSp
             }
             EXPECT_LE(k.Titolo2 == "." ? 0 : Caratteri(k.Titolo2), spazio) << "tabella " << t << " " << k.Titolo2;
             if (k.Chiave == "ID_DIAMETRO") {
-                for (const std::string& dn : t < 5 ? interni : pressione) EXPECT_LE(dn.size(), spazio) << "tabella " << t;
+                for (const std::string& dn : t < 5 ? interni : pressione)
+                    EXPECT_LE(dn.size(), spazio) << "tabella " << t;
             }
             if (k.Chiave == "ID_MATERIALE") {
                 EXPECT_LE(std::string("ACCIAIOM").size(), spazio);

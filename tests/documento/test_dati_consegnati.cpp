@@ -51,9 +51,14 @@ protected:
 
 TEST_F(CartellaConsegnata, GliArchiviSiCaricanoSenzaMessaggiEOgniGasStaNellaSuaFamiglia) {
     EXPECT_TRUE(msg_.Testi().empty()) << msg_.Testi().front();
-    const std::map<std::string, int> famiglie = {
-        {"METANO", 2}, {"GAS NATURALE RETE", 2}, {"BUTANO", 3}, {"GPL BUTANO-PROPANO 70-30", 3},
-        {"GPL BUTANO-PROPANO 30-70", 3}, {"GAS MANIFATTURATO", 1}, {"ARIA", 0}, {"AZOTO", 0}};
+    const std::map<std::string, int> famiglie = {{"METANO", 2},
+                                                 {"GAS NATURALE RETE", 2},
+                                                 {"BUTANO", 3},
+                                                 {"GPL BUTANO-PROPANO 70-30", 3},
+                                                 {"GPL BUTANO-PROPANO 30-70", 3},
+                                                 {"GAS MANIFATTURATO", 1},
+                                                 {"ARIA", 0},
+                                                 {"AZOTO", 0}};
     ASSERT_EQ(a_.Gas.size(), famiglie.size() + 1);
     for (size_t i = 1; i < a_.Gas.size(); ++i) {
         const GasRecord& g = a_.Gas[i];

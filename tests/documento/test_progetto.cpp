@@ -79,7 +79,8 @@ TEST_F(Progetti, ApriSalvaApriSalvaDaFileIdentici) {
         for (size_t i = 1; i < orig.size(); ++i)
             // A ',' in a text of the parameters or of a section comes back as '.'.
             if (i != 7 || orig[i] != " 0 ") {
-                EXPECT_TRUE(nuovo[i] == orig[i] || nuovo[i] == VirgolePunti(orig[i])) << "riga " << i + 1 << ": " << nuovo[i];
+                EXPECT_TRUE(nuovo[i] == orig[i] || nuovo[i] == VirgolePunti(orig[i]))
+                    << "riga " << i + 1 << ": " << nuovo[i];
             }
     }
     EXPECT_TRUE(msg.mostrati.empty());
@@ -128,8 +129,10 @@ TEST_F(Progetti, ProgettoScrittoDalVecchioProgrammaWindows) {
     EXPECT_EQ(scritto.substr(0, 20), "FX 5.1.0\r\n#\r\n#\r\n!PAR");
     EXPECT_NE(scritto.find("\r\nCasa Verdi  localit\xe0 S\xe0n Vito\r\nRistrutturazione\r\nMETANO\r\n 150 \r\n 0 \r\n"),
               std::string::npos);
-    EXPECT_NE(scritto.find("\r\n!PARAMETERS-DOCUMENTPATH\r\nC:\\Lavori\\Verdi\r\n\r\n~PARAMETERS-DOCUMENTPATH\r\n#\r\n#\r\n!END\r\n"),
-              std::string::npos);
+    EXPECT_NE(
+        scritto.find(
+            "\r\n!PARAMETERS-DOCUMENTPATH\r\nC:\\Lavori\\Verdi\r\n\r\n~PARAMETERS-DOCUMENTPATH\r\n#\r\n#\r\n!END\r\n"),
+        std::string::npos);
     EXPECT_NE(scritto.find("\r\n!VERIFICATENUTA1137-1\r\n"), std::string::npos);
 }
 
@@ -141,7 +144,8 @@ TEST_F(Progetti, FileRifiutatiConIlMessaggioDelProdotto) {
 
     dir.Scrivi("futuro.RTG", "FX 6.0.0\n!PARAMETERS\n.\n.\nMETANO\n");
     EXPECT_FALSE(Leggi(dir.Percorso("futuro.RTG")));
-    EXPECT_EQ(msg.mostrati.back().testo, "Impossibile aprire il file.\r\nIl file è stato creato con la versione 6 di Fornax");
+    EXPECT_EQ(msg.mostrati.back().testo,
+              "Impossibile aprire il file.\r\nIl file è stato creato con la versione 6 di Fornax");
     EXPECT_EQ(msg.mostrati.back().titolo, "Errore");
     EXPECT_EQ(msg.mostrati.back().flags, Box::INFORMATION);
 
@@ -156,7 +160,8 @@ TEST_F(Progetti, FileRifiutatiConIlMessaggioDelProdotto) {
 }
 
 TEST_F(Progetti, RigheDiTroppiCampiEIndiciFuoriTabella) {
-    const std::string testa = "FX 5.0.7\n!PARAMETERS\n.\n.\nMETANO\n 100 \n 0 \n 15 \n 200 \n 150 \n 0 \n 2 \n\n~PARAMETERS\n[\n";
+    const std::string testa =
+        "FX 5.0.7\n!PARAMETERS\n.\n.\nMETANO\n 100 \n 0 \n 15 \n 200 \n 150 \n 0 \n 2 \n\n~PARAMETERS\n[\n";
     std::string cinquanta = "1";
     for (int i = 1; i < 50; ++i) cinquanta += "\t" + std::to_string(i == 14 ? 0 : 7);
     dir.Scrivi("cinquanta.RTG", testa + "0\n" + cinquanta + "\n]\n");
@@ -181,9 +186,10 @@ TEST_F(Progetti, RigheDiTroppiCampiEIndiciFuoriTabella) {
 }
 
 TEST_F(Progetti, GasEMaterialeSconosciutiSostituitiUnaVolta) {
-    const std::string testo = "FX 5.0.7\n!PARAMETERS\n.\n.\nPROPANO PURO\n 100 \n 0 \n 15 \n 200 \n 150 \n 0 \n 2 \n\n[\n"
-                              "0\n1\t0\t0\t1\t0\t0\t0\t0\t.\t0\t0\t0\t0\t0\t0\t2\t0\tFERRO\n"
-                              "2\t1\t1\t1\t0\t0\t0\t0\t.\t0\t0\t0\t0\t0\t1\t0\t0\tferro\n]\n";
+    const std::string testo =
+        "FX 5.0.7\n!PARAMETERS\n.\n.\nPROPANO PURO\n 100 \n 0 \n 15 \n 200 \n 150 \n 0 \n 2 \n\n[\n"
+        "0\n1\t0\t0\t1\t0\t0\t0\t0\t.\t0\t0\t0\t0\t0\t0\t2\t0\tFERRO\n"
+        "2\t1\t1\t1\t0\t0\t0\t0\t.\t0\t0\t0\t0\t0\t1\t0\t0\tferro\n]\n";
     dir.Scrivi("ignoti.RTG", testo);
     msg.scelte = {3, 1};  // GPL for the gas, the first material for FERRO
     ASSERT_TRUE(Leggi(dir.Percorso("ignoti.RTG")));
@@ -312,11 +318,13 @@ TEST_F(Progetti, BloccoDellaProvaDiTenuta) {
     // Saving writes the firm's four lines as the defaults of the next project.
     Salva("tenuta.RTG");
     const auto ditta = Righe(dir.LeggiByte("TENIMPTECDEF.CFG"));
-    EXPECT_EQ(ditta, (std::vector<std::string>{"4.0", "Impianti Rossi s.r.l.", "Via Roma 5", "030 123456", "Mario Rossi"}));
+    EXPECT_EQ(ditta,
+              (std::vector<std::string>{"4.0", "Impianti Rossi s.r.l.", "Via Roma 5", "030 123456", "Mario Rossi"}));
 
     // A project without the block keeps the record as it was, and its document path.
-    dir.Scrivi("senza.RTG", "FX 2.0.0\n!PARAMETERS\n.\n.\nMETANO\n 0 \n[\n0\n]\n"
-                            "!PARAMETERS-DOCUMENTPATH\n/lavori/x\n\n~PARAMETERS-DOCUMENTPATH\n!END\n");
+    dir.Scrivi("senza.RTG",
+               "FX 2.0.0\n!PARAMETERS\n.\n.\nMETANO\n 0 \n[\n0\n]\n"
+               "!PARAMETERS-DOCUMENTPATH\n/lavori/x\n\n~PARAMETERS-DOCUMENTPATH\n!END\n");
     d->Tenuta.Note = "resta";
     ASSERT_TRUE(LeggiProgetto(*d, *a, dir.Percorso("senza.RTG"), msg, av));
     EXPECT_EQ(d->Tenuta.Note, "resta");
@@ -339,8 +347,8 @@ TEST(Colonne, FileDelleColonneDecifratoInUndiciTabelle) {
     CartellaProva dir("colonne");
     dir.ScriviByte("GRIDGAS.CNE", CodificaRiga("# prova") + "\r\n" +
                                       CodificaRiga("Lungh.\t#0,00\t0\tm\t8\tID_LUNGO\tLunghezza, in metri") + "\r\n" +
-                                      CodificaRiga("+") + "\r\n" + CodificaRiga("Solo\tsei\t0\t.\t8\tID_LEN") +
-                                      "\r\n" + CodificaRiga("Mai\t#\t0\t.\t8\tID_LEN\tletta") + "\r\n");
+                                      CodificaRiga("+") + "\r\n" + CodificaRiga("Solo\tsei\t0\t.\t8\tID_LEN") + "\r\n" +
+                                      CodificaRiga("Mai\t#\t0\t.\t8\tID_LEN\tletta") + "\r\n");
     a->Cartella = dir.Percorso();
     ASSERT_TRUE(LeggiColonne(*a, msg, av));
     EXPECT_EQ(msg.Testi(), (std::vector<std::string>{"ID_LUNGONon trovato:", "Numero campi nella tabella errato"}));

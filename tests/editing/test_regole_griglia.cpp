@@ -307,8 +307,7 @@ TEST(AspettoCelle, ReteCalcolataConPercorsiOltreIlLimite) {
     const std::string accettazione = std::string(FORNAX_ACCETTAZIONE_DIR);
     auto b = std::make_unique<Banco>(accettazione + "/archives");
     AvanzamentoNullo av;
-    ASSERT_TRUE(LeggiProgetto(b->d, b->a, accettazione + "/projects/i14_dpmax_low_2008.RTG",
-                              b->msg, av));
+    ASSERT_TRUE(LeggiProgetto(b->d, b->a, accettazione + "/projects/i14_dpmax_low_2008.RTG", b->msg, av));
     CalcolaRete(b->d, b->a, b->msg);
     // A tighter limit than the one the network was sized for: the paths beyond it show red.
     b->d.DpMax = 10;

@@ -9,8 +9,8 @@ using namespace fornax;
 
 namespace {
 
-constexpr float kPr = 2200.0f;   // reference pressure of the second family, Pa
-constexpr float kCr = 68.0f;     // reference drop
+constexpr float kPr = 2200.0f;  // reference pressure of the second family, Pa
+constexpr float kCr = 68.0f;    // reference drop
 
 VerificaTenuta ProvaContatore(const char* qn, const char* pProva, const char* rilevata) {
     VerificaTenuta r;
@@ -40,7 +40,7 @@ TEST(RegoleTenuta, MetodoDelContatore) {
 
     auto esattamenteUno = ProvaContatore("1", "2200", "1");
     EXPECT_EQ(Giudica(esattamenteUno), Esito::IDONEO);
-    auto esattamenteCinque = ProvaContatore("0.5", "1100", "2.5");   // 2.5 * 2200 / 1100 = 5
+    auto esattamenteCinque = ProvaContatore("0.5", "1100", "2.5");  // 2.5 * 2200 / 1100 = 5
     EXPECT_EQ(Giudica(esattamenteCinque), Esito::TEMPORANEO);
     auto oltre = ProvaContatore("0.5", "2200", "5.01");
     EXPECT_EQ(Giudica(oltre), Esito::NON_IDONEO);
@@ -74,7 +74,7 @@ TEST(RegoleTenuta, CadutaDiPressioneEVenticinqueLitri) {
     r.MetodoProva = 2;
     r.DispositivoIntercettazione = 1;
     r.CapacitaImpianto = "22";
-    r.CapacitaContatore = "3";   // exactly 25 litres keeps the method
+    r.CapacitaContatore = "3";  // exactly 25 litres keeps the method
     r.CdpPprova = "2200";
     r.CdpCdp = "68";
     r.CdpStrumento = "Manometro";
@@ -84,7 +84,7 @@ TEST(RegoleTenuta, CadutaDiPressioneEVenticinqueLitri) {
     r.CdpCdp = "68.5";
     EXPECT_EQ(Giudica(r), Esito::NON_IDONEO);
 
-    r.CapacitaImpianto = "22,1";   // 25.1 litres: the method is withdrawn and its data cleared
+    r.CapacitaImpianto = "22,1";  // 25.1 litres: the method is withdrawn and its data cleared
     StatoPaginaTenuta s;
     ValutaTenuta(r, s, kPr, kCr);
     EXPECT_FALSE(s.metodoCdpDisponibile);
@@ -106,8 +106,8 @@ TEST(RegoleTenuta, FamigliaEReteInPressione) {
     d->Tenuta = ProvaContatore("0.6", "2200", "0.8");
     TenutaImpiantoInit(*d, a, ditta, s, 99.0, msg);
     EXPECT_EQ(d->Tenuta.EsitoProva, Esito::IDONEO);
-    EXPECT_EQ(d->Tenuta.RagSociale, "Impianti Rossi");     // the firm's defaults fill an empty record
-    EXPECT_EQ(d->Tenuta.CapacitaImpianto, "2,5");          // as recorded, until the page is loaded
+    EXPECT_EQ(d->Tenuta.RagSociale, "Impianti Rossi");  // the firm's defaults fill an empty record
+    EXPECT_EQ(d->Tenuta.CapacitaImpianto, "2,5");       // as recorded, until the page is loaded
     EXPECT_EQ(d->Tenuta.FamigliaGas, 2);
     TenutaImpiantoRefresh(*d, a, s, 3.14159, msg);
     EXPECT_EQ(d->Tenuta.CapacitaImpianto, "3.1");

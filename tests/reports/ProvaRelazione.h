@@ -77,8 +77,9 @@ inline std::string PrimaDifferenza(const std::string& atteso, const std::string&
             inizio = i + 1;
         }
     }
-    return atteso.size() == scritto.size() ? "" : "lunghezze diverse: " + std::to_string(atteso.size()) + " / " +
-                                                      std::to_string(scritto.size()) + " byte";
+    return atteso.size() == scritto.size() ? ""
+                                           : "lunghezze diverse: " + std::to_string(atteso.size()) + " / " +
+                                                 std::to_string(scritto.size()) + " byte";
 }
 
 }  // namespace fornax::prova

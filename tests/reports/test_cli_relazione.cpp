@@ -84,8 +84,8 @@ TEST_F(CliRelazione, RelazioneHtmlETestoConDittaEData) {
 
 TEST_F(CliRelazione, UnFileEsistenteSiSostituisceSoloSeRichiesto) {
     dir.ScriviByte("r.txt", "vecchio");
-    const std::string base = "report " + Esempio("rete-media-pressione.RTG") + " --format txt --out '" +
-                             dir.Percorso("r.txt") + "'";
+    const std::string base =
+        "report " + Esempio("rete-media-pressione.RTG") + " --format txt --out '" + dir.Percorso("r.txt") + "'";
     Esito e = Esegui(base);
     EXPECT_EQ(e.stato, 1);
     EXPECT_NE(e.errori.find("Un file con lo stesso nome è gia presente nella cartella selezionata.\n"
@@ -132,7 +132,8 @@ TEST_F(CliRelazione, ProgettoMancanteOFileNonScrivibileEsito1) {
 
     e = Esegui("report " + Esempio("appartamento.RTG") + " --format html --out '" + dir.Percorso("manca/r.html") + "'");
     EXPECT_EQ(e.stato, 1);
-    EXPECT_NE(e.errori.find("Stampa su file HTML.\nErrore nell'apertura del file.\nCodice d'errore: 76\n"), std::string::npos)
+    EXPECT_NE(e.errori.find("Stampa su file HTML.\nErrore nell'apertura del file.\nCodice d'errore: 76\n"),
+              std::string::npos)
         << e.errori;
 }
 

@@ -68,8 +68,8 @@ TEST(SelezioneRelazione, LettereNellOrdineDelleCaselle) {
                 s.TenutaImpianto);
     EXPECT_FALSE(s.DiagrammaRete);
     EXPECT_EQ(s.Lettere(), "AABAAAAA");
-    EXPECT_EQ(ReportSelection::DaLettere("").Lettere(), "BBBBBBBB");       // blank: nothing ticked
-    EXPECT_EQ(ReportSelection::DaLettere("BBA").Lettere(), "BBABBBBB");    // missing letters are clear
+    EXPECT_EQ(ReportSelection::DaLettere("").Lettere(), "BBBBBBBB");     // blank: nothing ticked
+    EXPECT_EQ(ReportSelection::DaLettere("BBA").Lettere(), "BBABBBBB");  // missing letters are clear
     EXPECT_FALSE(ReportSelection::DaLettere("BBABBBBB").AltreDalloSchema());
     EXPECT_TRUE(ReportSelection::DaLettere("BBABBBBB").Qualcuna());
     EXPECT_FALSE(ReportSelection::DaLettere("BBBBBBBB").Qualcuna());
@@ -104,7 +104,8 @@ struct ReteAMano : ::testing::Test {
 TEST_F(ReteAMano, LarghezzeEBudgetDaiPesi) {
     using namespace Id;
     // 57 of weight: 170 / 57 = 2.98, a unit of 3 mm.
-    Colonne(1, {{ID_NUM, 3, "##0", "N.", "."}, {ID_MATERIALE, 7, "@", "Materiale", "."},
+    Colonne(1, {{ID_NUM, 3, "##0", "N.", "."},
+                {ID_MATERIALE, 7, "@", "Materiale", "."},
                 {ID_P_TRONCO, 47, "##0.000", "Q tronco", "Nmc/h"}});
     std::vector<ColonnaRelazione> c = ColonneRelazione(p.a, 1);
     ASSERT_EQ(c.size(), 3u);
@@ -388,11 +389,13 @@ TEST(TenutaRelazione, VociDelVerbale) {
     EXPECT_TRUE(trova("Tenuta idonea al funzionamento temporaneo (*)"));
     EXPECT_FALSE(trova("Tenuta non idonea al funzionamento (**)"));
     EXPECT_FALSE(trova("Giulia"));
-    const auto cause = std::find_if(v.begin(), v.end(), [](const VoceTenuta& x) { return x.tipo == VoceTenuta::Tipo::Elenco; });
+    const auto cause =
+        std::find_if(v.begin(), v.end(), [](const VoceTenuta& x) { return x.tipo == VoceTenuta::Tipo::Elenco; });
     ASSERT_NE(cause, v.end());
     EXPECT_EQ(cause->elementi, (std::vector<std::string>{"- Sostituzione apparecchio", "- Riattivazione impianto",
                                                          "- Altro: perdita al contatore"}));
-    const auto app = std::find_if(v.begin(), v.end(), [](const VoceTenuta& x) { return x.tipo == VoceTenuta::Tipo::Apparecchi; });
+    const auto app =
+        std::find_if(v.begin(), v.end(), [](const VoceTenuta& x) { return x.tipo == VoceTenuta::Tipo::Apparecchi; });
     ASSERT_NE(app, v.end());
     EXPECT_EQ(app->coppie.back().second, " di altro tipo");  // no count, no description
     // A family outside 1..3 prints an empty line before the gas name.
@@ -408,7 +411,8 @@ TEST(TenutaRelazione, VociDelVerbale) {
     r.NumCiv = "1";
     r.ComuneResidenza = "Lodi";
     const std::vector<VoceTenuta> w = TenutaRelazione(r, "METANO");
-    const auto cause2 = std::find_if(w.begin(), w.end(), [](const VoceTenuta& x) { return x.tipo == VoceTenuta::Tipo::Elenco; });
+    const auto cause2 =
+        std::find_if(w.begin(), w.end(), [](const VoceTenuta& x) { return x.tipo == VoceTenuta::Tipo::Elenco; });
     EXPECT_TRUE(cause2->elementi.empty());
     const auto nome = std::find_if(w.begin(), w.end(), [](const VoceTenuta& x) { return x.testo == "Giulia"; });
     ASSERT_NE(nome, w.end());
@@ -486,7 +490,8 @@ std::string Bmp(int32_t w, int32_t h) {
     b[0] = 'B';
     b[1] = 'M';
     auto le = [&](size_t o, int32_t v) {
-        for (int k = 0; k < 4; ++k) b[o + static_cast<size_t>(k)] = static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF);
+        for (int k = 0; k < 4; ++k)
+            b[o + static_cast<size_t>(k)] = static_cast<char>((static_cast<uint32_t>(v) >> (8 * k)) & 0xFF);
     };
     le(14, 40);
     le(18, w);
@@ -505,7 +510,8 @@ TEST_F(Corsa, LogoNellIntestazioneECopiatoAccantoAllaRelazione) {
     p.programma.ScriviByte("logo.bmp", Bmp(153, -21));  // a top-down bitmap, too tall
     EXPECT_FALSE(ControllaLogo(p.programma.Percorso(), msg));
     ASSERT_EQ(msg.mostrati.size(), 2u);
-    EXPECT_EQ(msg.mostrati[0].testo, "Le dimensioni massime consentite sono 184 X 41 pixel.\nIl logo non verrà stampato.");
+    EXPECT_EQ(msg.mostrati[0].testo,
+              "Le dimensioni massime consentite sono 184 X 41 pixel.\nIl logo non verrà stampato.");
 
     p.programma.ScriviByte("logo.bmp", Bmp(100, 20));
     OpzioniStampa o = ProgettoAperto::Opzioni("ABBBBBBB");

@@ -7,15 +7,15 @@
 #include <QTableView>
 #include <QTimer>
 
+#include "app/frmAttivita.h"
+#include "app/frmMainForm.h"
+#include "app/frmSplash.h"
 #include "archives/ui/Parametri.h"
+#include "archives/ui/ViewDiametriFrm.h"
 #include "archives/ui/frmDefaultValue.h"
 #include "archives/ui/frmEquiv.h"
 #include "archives/ui/frmPDC.h"
 #include "archives/ui/frmSpeciali.h"
-#include "archives/ui/ViewDiametriFrm.h"
-#include "app/frmAttivita.h"
-#include "app/frmMainForm.h"
-#include "app/frmSplash.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "editing/ui/frmDelete.h"

@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "app/frmMainForm.h"
 #include "archives/Pdc.h"
 #include "archives/Speciali.h"
 #include "archives/ui/Parametri.h"
@@ -24,9 +25,8 @@
 #include "archives/ui/frmPDC.h"
 #include "archives/ui/frmSpeciali.h"
 #include "core/Numeri.h"
-#include "documento/Progetto.h"
 #include "core/ui/MessaggiQt.h"
-#include "app/frmMainForm.h"
+#include "documento/Progetto.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "editing/ui/frmDelete.h"
@@ -102,7 +102,8 @@ void TestFinestre::parametriCambiaLaNormaERicalcola() {
     QVERIFY(dopo < prima);
     const int c = g->Modello()->ColonnaDi(Id::ID_PDC_PERCORSO);
     for (int i = 1; i <= amb->d.NumTronchi(); ++i)
-        QCOMPARE(g->Modello()->cella(i, c).testo, QString::fromStdString(FormattaNumero(amb->d.T(i).ID_PDC_PERCORSO, "##0.0")));
+        QCOMPARE(g->Modello()->cella(i, c).testo,
+                 QString::fromStdString(FormattaNumero(amb->d.T(i).ID_PDC_PERCORSO, "##0.0")));
     QCOMPARE(Figlio<QLabel>(g, "lblLimite")->text(), QStringLiteral("Perdita massima ammessa: 40 Pa"));
 
     // Cancel changes nothing.
@@ -197,7 +198,8 @@ void TestFinestre::sostituzioniDiGasETubazioni() {
     // A project naming a gas and a material that this archive lacks.
     std::string testo = prova::CartellaProva::LeggiFile(prova::AmbienteUi::Esempio("appartamento.RTG"));
     testo.replace(testo.find("\r\nMETANO\r\n"), 10, "\r\nGAS IGNOTO\r\n");
-    for (size_t p = testo.find("RAME-B"); p != std::string::npos; p = testo.find("RAME-B", p)) testo.replace(p, 6, "RAME-Z");
+    for (size_t p = testo.find("RAME-B"); p != std::string::npos; p = testo.find("RAME-B", p))
+        testo.replace(p, 6, "RAME-Z");
     amb->cartella.ScriviByte("ignoto.RTG", testo);
 
     MessaggiQt msg;

@@ -24,7 +24,8 @@ class TestPrestazioni : public QObject {
         const auto nomi = amb.a.NomiMateriali();
         amb.d.ReteInPressione = FALSO;
         for (int i = 1; i <= MAX_TRONCHI; ++i) {
-            const int16_t t = NuovoTronco(amb.d, static_cast<int16_t>(i / 2), nomi, amb.a.Default.DefaultMateriale, amb.msg);
+            const int16_t t =
+                NuovoTronco(amb.d, static_cast<int16_t>(i / 2), nomi, amb.a.Default.DefaultMateriale, amb.msg);
             amb.d.T(t).ID_LEN = 1.0f + static_cast<float>(i % 7);
             amb.d.T(t).ID_NCURVE = static_cast<int16_t>(i % 3);
         }

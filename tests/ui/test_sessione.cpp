@@ -9,11 +9,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/ImpostazioniFile.h"
-#include "documento/Progetto.h"
 #include "app/Avvio.h"
 #include "app/frmAttivita.h"
 #include "app/frmMainForm.h"
+#include "core/ImpostazioniFile.h"
+#include "documento/Progetto.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "tests/ui/AmbienteUi.h"
@@ -124,8 +124,9 @@ void TestSessione::salvaERiapri() {
     QVERIFY(f->ProgettoAperto());
     QCOMPARE(amb->d.T(2).ID_LEN, 7.0f);
     QCOMPARE(amb->d.T(3).ID_LEN, 2.5f);
-    QCOMPARE(f->FinestraDocumento()->Modello()->cella(3, f->FinestraDocumento()->Modello()->ColonnaDi(Id::ID_LEN)).testo,
-             QStringLiteral("2.50"));
+    QCOMPARE(
+        f->FinestraDocumento()->Modello()->cella(3, f->FinestraDocumento()->Modello()->ColonnaDi(Id::ID_LEN)).testo,
+        QStringLiteral("2.50"));
     // A cancelled dialog leaves everything as it stands.
     f->DialogoApri = [] { return QString(); };
     Azione("ApriMnu")->trigger();
@@ -179,7 +180,8 @@ void TestSessione::nuoviProgettiDeiDueTipi() {
     std::filesystem::remove(amb->cartella.Percorso("EQLEN.CFG"));
     amb->msg.mostrati.clear();
     QVERIFY(!f->NuovoProgetto(true));
-    QCOMPARE(amb->msg.Testi(), std::vector<std::string>{"Il file eqlen.cfg non e' presente nel disco. Reinstallare il programma."});
+    QCOMPARE(amb->msg.Testi(),
+             std::vector<std::string>{"Il file eqlen.cfg non e' presente nel disco. Reinstallare il programma."});
 }
 
 void TestSessione::sceltaDiAvvioEFileRecenti() {
@@ -243,7 +245,8 @@ void TestSessione::listaDeiGas() {
     gas->setCurrentIndex(aria);
     emit gas->activated(aria);
     QCOMPARE(amb->msg.Testi(),
-             std::vector<std::string>{"Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile"});
+             std::vector<std::string>{
+                 "Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile"});
     QCOMPARE(gas->currentText(), QStringLiteral("METANO"));
     QCOMPARE(amb->d.GasCorrente.Nome, std::string("METANO"));
     const int butano = gas->findText(QStringLiteral("BUTANO"));
