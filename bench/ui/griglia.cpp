@@ -1,6 +1,6 @@
 // Times of the desktop on a full table of 400 sections: opening the project and filling the
-// grid, and one commit with its recalculation and repaint. The best of a few runs is taken, so
-// that a busy machine doesn't make the test fail for the wrong reason.
+// grid, and one commit with its recalculation and repaint; the best of a few runs is printed.
+// Run it under an offscreen or virtual display: QT_QPA_PLATFORM=offscreen bench/ui/bench_griglia
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTableView>
@@ -16,7 +16,7 @@
 using namespace fornax;
 using namespace fornax::ui;
 
-class TestPrestazioni : public QObject {
+class BenchGriglia : public QObject {
     Q_OBJECT
 
     // A tree of 400 sections, each section i hanging on i / 2; consumers on the free ends.
@@ -41,7 +41,7 @@ private slots:
     void apriReteDi400TronchiERiempireLaGriglia();
 };
 
-void TestPrestazioni::apriReteDi400TronchiERiempireLaGriglia() {
+void BenchGriglia::apriReteDi400TronchiERiempireLaGriglia() {
     auto amb = prova::NuovoAmbiente();
     const std::string percorso = Progetto400(*amb);
     QVERIFY(!percorso.empty());
@@ -77,18 +77,9 @@ void TestPrestazioni::apriReteDi400TronchiERiempireLaGriglia() {
         }
         amb->d.ReteModificata = FALSO;
     }
-#ifdef __OPTIMIZE__
-    // The figures the user sees: an optimised build (make run, make test).
-    const qint64 fattore = 1;
-#else
-    // A build without optimisation is several times slower; it still has to stay in proportion.
-    const qint64 fattore = 4;
-#endif
-    qInfo("400 tronchi: apertura e griglia %.1f ms, conferma con ricalcolo e ridisegno %.1f ms (limiti x%d)",
-          apertura / 1000.0, conferma / 1000.0, static_cast<int>(fattore));
-    QVERIFY2(apertura < 100000 * fattore, qPrintable(QString::number(apertura / 1000.0)));
-    QVERIFY2(conferma < 30000 * fattore, qPrintable(QString::number(conferma / 1000.0)));
+    qInfo("400 tronchi: apertura e griglia %.1f ms, conferma con ricalcolo e ridisegno %.1f ms", apertura / 1000.0,
+          conferma / 1000.0);
 }
 
-QTEST_MAIN(TestPrestazioni)
-#include "test_prestazioni.moc"
+QTEST_MAIN(BenchGriglia)
+#include "griglia.moc"
