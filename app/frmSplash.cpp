@@ -8,12 +8,9 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "core/Versione.h"
 #include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
-
-#ifndef FORNAX_VERSION
-#define FORNAX_VERSION "5.1.0"
-#endif
 
 namespace fornax::ui {
 
@@ -74,7 +71,7 @@ frmSplash::frmSplash(bool informazioni, QWidget* padre) : QDialog(padre) {
     adjustSize();
 }
 
-QString frmSplash::Versione() const { return QStringLiteral("Versione " FORNAX_VERSION); }
+QString frmSplash::Versione() const { return QStringLiteral("Versione ") + QString::fromLatin1(VERSIONE); }
 
 void frmSplash::WriteVersionInfo() { lblVersione->setText(Versione()); }
 

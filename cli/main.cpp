@@ -5,6 +5,7 @@
 
 #include "cli/Comandi.h"
 #include "core/Cartelle.h"
+#include "core/Versione.h"
 
 namespace fornax::cli {
 
@@ -55,7 +56,7 @@ int main(int argc, char** argv) {
             return ESITO_OK;
         }
         if (a == "--version") {
-            std::cout << "Fornax " << FORNAX_VERSION << "\n";
+            std::cout << "Fornax " << fornax::VERSIONE << "\n";
             return ESITO_OK;
         }
         if (a == "--data") {

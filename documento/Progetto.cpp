@@ -19,7 +19,6 @@ namespace fornax {
 
 namespace {
 
-constexpr const char* VERSIONE_FILE = "5.1.0";
 
 // A parameter line holds no line break; an empty one is written as ".", since the reader
 // passes over blank lines.
@@ -94,7 +93,7 @@ void LeggiTronchi(FileTesto& f, Documento& d, Archivi& a, Messaggi& msg, Avanzam
 
 bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg) {
     ScrittoreTesto w;
-    w.Riga(std::string(d.ReteInPressione != 0 ? "FXP" : "FX ") + VERSIONE_FILE);
+    w.Riga(std::string(d.ReteInPressione != 0 ? "FXP" : "FX ") + VERSIONE);
     w.Riga("#");
     w.Riga("#");
     w.Riga("!PARAMETERS");

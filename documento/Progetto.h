@@ -4,6 +4,7 @@
 #include <string>
 
 #include "archives/Archivi.h"
+#include "core/Versione.h"
 #include "core/FileTesto.h"
 
 namespace fornax {
@@ -11,7 +12,6 @@ namespace fornax {
 class Messaggi;
 class Avanzamento;
 
-constexpr const char* VERSIONE_PROGRAMMA = "Fornax 5.1.0";
 constexpr int VERSIONE_MAGGIORE = 5;
 
 // Writes the project from the document (temporary file and rename). False on failure,
