@@ -82,6 +82,8 @@ struct Archivi {
 
     int16_t NumGas() const { return static_cast<int16_t>(Gas.size() - 1); }
     int16_t NumMateriali() const { return static_cast<int16_t>(Materiali.size() - 1); }
+    // True when `m` is the 1-based index of a material of the archive.
+    bool HaMateriale(int m) const { return m >= 1 && m <= NumMateriali(); }
     std::vector<std::string> NomiMateriali() const;
     std::vector<std::string> NomiGas() const;
 };

@@ -16,13 +16,6 @@ namespace {
 // The value of pi the pipe tables have always been computed with.
 constexpr double PI_TABELLE = 3.1415;
 
-bool MaterialeValido(const Archivi& a, int m) { return m >= 1 && m <= a.NumMateriali(); }
-
-std::string SenzaCartella(const std::string& percorso) {
-    const size_t barra = percorso.find_last_of("/\\");
-    return barra == std::string::npos ? percorso : percorso.substr(barra + 1);
-}
-
 }  // namespace
 
 void CaricaMateriali(Archivi& a, Avanzamento& av, Messaggi& msg) {
@@ -37,7 +30,7 @@ void CaricaMateriali(Archivi& a, Avanzamento& av, Messaggi& msg) {
     }
     for (const std::string& percorso : file) {
         // The material is named by its file name up to the first '.', so "A.B.mat" is "A".
-        std::string nome = SenzaCartella(percorso);
+        std::string nome = NomeDi(percorso);
         nome = nome.substr(0, nome.find('.'));
         a.Materiali.emplace_back();
         const int indice = a.NumMateriali();
@@ -53,7 +46,7 @@ void CaricaMateriali(Archivi& a, Avanzamento& av, Messaggi& msg) {
 }
 
 bool CaricaMateriale(Archivi& a, int indice, const std::string& nome) {
-    if (!MaterialeValido(a, indice)) return false;
+    if (!a.HaMateriale(indice)) return false;
     MaterialeTubo& m = a.Materiali[static_cast<size_t>(indice)];
     m = MaterialeTubo{};
     m.Nome = nome;
@@ -81,7 +74,7 @@ bool CaricaMateriale(Archivi& a, int indice, const std::string& nome) {
 }
 
 bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg) {
-    if (!MaterialeValido(a, indice)) return false;
+    if (!a.HaMateriale(indice)) return false;
     const MaterialeTubo& m = a.Materiali[static_cast<size_t>(indice)];
     const std::string tratteggio = "# --------------------------------------------------------------------------";
     ScrittoreTesto w;
@@ -139,7 +132,7 @@ void AzzeraComputo(Archivi& a) {
 
 void AggiungiComputo(Archivi& a, int materiale, int riga, float lunghezza) {
     if (lunghezza == 0 || materiale <= 0 || riga <= 0) return;
-    if (!MaterialeValido(a, materiale)) return;
+    if (!a.HaMateriale(materiale)) return;
     MaterialeTubo& m = a.Materiali[static_cast<size_t>(materiale)];
     if (riga > m.NumRighe()) return;
     RigaDiametro& r = m.Righe[static_cast<size_t>(riga)];
@@ -158,7 +151,7 @@ int IndiceMateriale(const Archivi& a, const std::string& nome) {
 }
 
 int IndiceRiga(const Archivi& a, int materiale, const std::string& dn) {
-    if (!MaterialeValido(a, materiale)) return 0;
+    if (!a.HaMateriale(materiale)) return 0;
     const MaterialeTubo& m = a.Materiali[static_cast<size_t>(materiale)];
     for (int r = 1; r <= m.NumRighe(); ++r)
         if (m.Righe[static_cast<size_t>(r)].DN == dn) return r;
@@ -178,7 +171,7 @@ bool NomeValido(const std::string& nome) {
 }
 
 std::string NomeDaPercorso(const std::string& percorso) {
-    std::string nome = SenzaCartella(percorso);
+    std::string nome = NomeDi(percorso);
     if (nome.find('.') != std::string::npos) nome = nome.size() >= 4 ? nome.substr(0, nome.size() - 4) : "";
     return Trim(nome);
 }

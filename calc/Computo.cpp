@@ -10,7 +10,7 @@ void CalcolaComputo(const Documento& d, Archivi& a, int slot) {
     // Record 0 is blank and never counts.
     for (int i = 0; i <= d.NumTronchi(); ++i) {
         const Tronco& t = d.T(i);
-        if (t.Visitato == FALSO || !MaterialeInTabella(a, t.IndiceMateriale)) continue;
+        if (t.Visitato == FALSO || !a.HaMateriale(t.IndiceMateriale)) continue;
         // A section without a diameter has row 0 and adds nothing.
         AggiungiComputo(a, t.IndiceMateriale, RigaTronco(a, t), t.ID_LEN);
     }

@@ -106,7 +106,7 @@ void Motore::DimensionaTronco(int i, double perditaDisponibile, double lunghezza
     Tronco& t = T(i);
     if (t.ID_DIAMCUSTOM == FALSO) {
         t.ID_DIAMETRO.clear();
-        if (t.ID_P_TRONCO > 0 && MaterialeInTabella(a_, t.IndiceMateriale)) {
+        if (t.ID_P_TRONCO > 0 && a_.HaMateriale(t.IndiceMateriale)) {
             // The smallest diameter whose drop per metre fits the gradient; the largest when
             // none does. Speed is no criterion here: it is only shown.
             const MaterialeTubo& m = a_.Materiali[static_cast<size_t>(t.IndiceMateriale)];

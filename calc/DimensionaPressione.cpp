@@ -69,8 +69,7 @@ void Motore::DimensionaTroncoPressione(int i, double disponibile, double lunghez
     }
     const int tipo = TipoFormulaTronco(a_, t);
     if (!bloccato && t.ID_P_TRONCO > 0 && t.ID_EQ_LEN > 0) {
-        if (!MaterialeInTabella(a_, t.IndiceMateriale) ||
-            a_.Materiali[static_cast<size_t>(t.IndiceMateriale)].NumRighe() < 1) {
+        if (!a_.HaMateriale(t.IndiceMateriale) || a_.Materiali[static_cast<size_t>(t.IndiceMateriale)].NumRighe() < 1) {
             // No pipe to carry the flow: the section can't be fed.
             t.ID_PDC_TRONCO = -1.0f;
             R(i).Perdita = t.ID_PDC_TRONCO;

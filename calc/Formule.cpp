@@ -171,20 +171,18 @@ double VelocitaMedia(float Q, float Dmm, double pTesta, double pFine) {
     return 2.0 * VelocitaNormale(Q, Dmm) * 101.325 / (pTesta + pFine + 202.65);
 }
 
-bool MaterialeInTabella(const Archivi& a, int materiale) { return materiale >= 1 && materiale <= a.NumMateriali(); }
-
 int RigaTronco(const Archivi& a, const Tronco& t) {
-    if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0;
+    if (!a.HaMateriale(t.IndiceMateriale)) return 0;
     return IndiceRiga(a, t.IndiceMateriale, t.ID_DIAMETRO);
 }
 
 float DiametroTronco(const Archivi& a, const Tronco& t) {
-    if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0.0f;
+    if (!a.HaMateriale(t.IndiceMateriale)) return 0.0f;
     return DiametroInterno(a, t.IndiceMateriale, t.ID_DIAMETRO);
 }
 
 int TipoFormulaTronco(const Archivi& a, const Tronco& t) {
-    if (!MaterialeInTabella(a, t.IndiceMateriale)) return 0;
+    if (!a.HaMateriale(t.IndiceMateriale)) return 0;
     return a.Materiali[static_cast<size_t>(t.IndiceMateriale)].TipoFormula;
 }
 

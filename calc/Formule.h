@@ -79,10 +79,6 @@ void CalcolaLunghezzeEquivalenti(Documento& d, const Archivi& a, int modo);
 void CalcolaLunghezzaEquivalentePressione(Documento& d, const Archivi& a, int modo, int sezione);
 void CalcolaLunghezzeEquivalentiPressione(Documento& d, const Archivi& a, int modo);
 
-// The section's pipe: row of ID_DIAMETRO in the section's material (0 when none) and its inner
-// diameter in mm (0 when none). A material index outside the table counts as a material
-// without rows.
-bool MaterialeInTabella(const Archivi& a, int materiale);
 int RigaTronco(const Archivi& a, const Tronco& t);
 float DiametroTronco(const Archivi& a, const Tronco& t);
 int TipoFormulaTronco(const Archivi& a, const Tronco& t);

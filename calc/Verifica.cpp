@@ -39,8 +39,7 @@ Verdetti VerificaTronco(const Archivi& a, const Documento& d, int sezione) {
     v.pressioneBassa = pressione && static_cast<double>(t.ID_PFINALE) < d.PressioneFinale;
     v.pressioneFallita = pressione && t.ID_PFINALE < 0;
     int ultima = 0;
-    if (MaterialeInTabella(a, t.IndiceMateriale))
-        ultima = a.Materiali[static_cast<size_t>(t.IndiceMateriale)].NumRighe();
+    if (a.HaMateriale(t.IndiceMateriale)) ultima = a.Materiali[static_cast<size_t>(t.IndiceMateriale)].NumRighe();
     const int riga = RigaTronco(a, t);
     const bool alMassimo = (riga > 0 && riga == ultima) || DiametroTronco(a, t) <= 0;
     v.diametroInsufficiente =

@@ -89,4 +89,14 @@ std::string CartellaProgramma(const std::string& eseguibile, const std::string& 
     return scelta;
 }
 
+std::string CartellaDi(const std::string& percorso) {
+    const size_t barra = percorso.find_last_of("/\\");
+    return barra == std::string::npos ? std::string() : percorso.substr(0, barra);
+}
+
+std::string NomeDi(const std::string& percorso) {
+    const size_t barra = percorso.find_last_of("/\\");
+    return barra == std::string::npos ? percorso : percorso.substr(barra + 1);
+}
+
 }  // namespace fornax

@@ -17,6 +17,11 @@ std::vector<std::string> ElencaFile(const std::string& cartella, const std::stri
 
 bool EsisteFile(const std::string& percorso);
 
+// A path's folder ("" when it has none) and its name without the folder. Both "/" and "\\"
+// separate folders: projects and logos named on Windows machines travel with their paths.
+std::string CartellaDi(const std::string& percorso);
+std::string NomeDi(const std::string& percorso);
+
 // The program's folder: FORNAX_HOME when set; else the folder of the executable when it holds
 // gridgas.cne; else `installata`. When the chosen folder is not writable, a per-user copy is
 // made on first start (under $XDG_DATA_HOME/Fornax) and used from then on.

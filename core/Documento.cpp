@@ -62,16 +62,8 @@ int16_t NuovoTronco(Documento& d, int16_t parent, const std::vector<std::string>
     t.ID_LEN = 1.0f;
 
     if (r.MaterialeCorrente == 0) {
-        r.MaterialeCorrente = 1;
-        const std::string cercato = Maiuscolo(Trim(materialeDefault));
-        if (!cercato.empty()) {
-            for (size_t k = 0; k < nomiMateriali.size(); ++k) {
-                if (Maiuscolo(Trim(nomiMateriali[k])) == cercato) {
-                    r.MaterialeCorrente = static_cast<int16_t>(k + 1);
-                    break;
-                }
-            }
-        }
+        const int m = PosizioneNome(nomiMateriali, materialeDefault);
+        r.MaterialeCorrente = static_cast<int16_t>(m > 0 ? m : 1);
     }
     t.IndiceMateriale = r.MaterialeCorrente;
     const auto m = static_cast<size_t>(r.MaterialeCorrente);

@@ -158,4 +158,12 @@ std::string Utf8ACp1252(std::string_view s) {
 
 bool UgualiSenzaMaiuscole(std::string_view a, std::string_view b) { return Maiuscolo(a) == Maiuscolo(b); }
 
+int PosizioneNome(const std::vector<std::string>& nomi, std::string_view nome) {
+    const std::string cercato = Maiuscolo(Trim(nome));
+    if (cercato.empty()) return 0;
+    for (size_t k = 0; k < nomi.size(); ++k)
+        if (Maiuscolo(Trim(nomi[k])) == cercato) return static_cast<int>(k + 1);
+    return 0;
+}
+
 }  // namespace fornax

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace fornax {
 
@@ -25,5 +26,10 @@ std::string Utf8ACp1252(std::string_view s);
 
 // True when a and b are equal without regard to case.
 bool UgualiSenzaMaiuscole(std::string_view a, std::string_view b);
+
+// The 1-based position of `nome` in `nomi`, both trimmed and compared without regard to case;
+// 0 when it is not there or is empty. This is how a name typed or stored by a user (a default
+// material, a project's material) finds its archive entry.
+int PosizioneNome(const std::vector<std::string>& nomi, std::string_view nome);
 
 }  // namespace fornax

@@ -268,11 +268,8 @@ void ScriviCampo(Documento& d, Archivi& a, int sezione, int id, const Valore& v,
             return;
         case ID_MATERIALE: {
             t.ID_MATERIALE = TestoValore(v);
-            const std::string cercato = Maiuscolo(Trim(t.ID_MATERIALE));
-            int16_t indice = 0;
-            for (int m = 1; m <= a.NumMateriali() && indice == 0; ++m)
-                if (Maiuscolo(a.Materiali[static_cast<size_t>(m)].Nome) == cercato) indice = static_cast<int16_t>(m);
-            if (cercato.empty() || indice >= 1) {
+            const auto indice = static_cast<int16_t>(PosizioneNome(a.NomiMateriali(), t.ID_MATERIALE));
+            if (Trim(t.ID_MATERIALE).empty() || indice >= 1) {
                 t.IndiceMateriale = indice;
                 return;
             }

@@ -91,9 +91,9 @@ std::string CartellaLavoro(const Impostazioni& imp, const std::string& cartellaP
 
 void RicordaCartellaLavoro(Impostazioni& imp, const std::string& percorsoFile) {
     if (percorsoFile.empty()) return;
-    const size_t barra = percorsoFile.find_last_of("/\\");
-    if (barra == std::string::npos) return;
-    imp.Scrivi("Recent", "LastWorkDirectory", percorsoFile.substr(0, barra));
+    const std::string cartella = CartellaDi(percorsoFile);
+    if (cartella.empty()) return;
+    imp.Scrivi("Recent", "LastWorkDirectory", cartella);
 }
 
 // ---- New, open, save ----

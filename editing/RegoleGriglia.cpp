@@ -30,8 +30,6 @@ bool TuttoNumerico(const std::string& testo) {
     return fine != nullptr && *fine == '\0';
 }
 
-bool MaterialeValido(const Archivi& a, int m) { return m >= 1 && m <= a.NumMateriali(); }
-
 }  // namespace
 
 std::string FiltraTestoCella(std::string_view testo, bool numerica) {
@@ -54,7 +52,7 @@ std::string NormalizzaTesto(std::string_view testo) { return VirgolePunti(testo)
 
 std::vector<std::string> ElencoDiametri(const Archivi& a, int materiale) {
     std::vector<std::string> elenco;
-    if (!MaterialeValido(a, materiale)) return elenco;
+    if (!a.HaMateriale(materiale)) return elenco;
     elenco.emplace_back("Auto");
     const MaterialeTubo& m = a.Materiali[static_cast<size_t>(materiale)];
     for (int r = 1; r <= m.NumRighe(); ++r) elenco.push_back(m.Righe[static_cast<size_t>(r)].DN);
@@ -63,12 +61,8 @@ std::vector<std::string> ElencoDiametri(const Archivi& a, int materiale) {
 
 int MaterialeNuovaRiga(Documento& d, const Archivi& a, int riga) {
     int m = 0;
-    if (riga > 1 && MaterialeValido(a, d.T(riga - 1).IndiceMateriale)) m = d.T(riga - 1).IndiceMateriale;
-    if (m == 0) {
-        const std::string cercato = Maiuscolo(Trim(a.Default.DefaultMateriale));
-        for (int k = 1; k <= a.NumMateriali() && m == 0 && !cercato.empty(); ++k)
-            if (Maiuscolo(Trim(a.Materiali[static_cast<size_t>(k)].Nome)) == cercato) m = k;
-    }
+    if (riga > 1 && a.HaMateriale(d.T(riga - 1).IndiceMateriale)) m = d.T(riga - 1).IndiceMateriale;
+    if (m == 0) m = PosizioneNome(a.NomiMateriali(), a.Default.DefaultMateriale);
     if (m == 0 && a.NumMateriali() > 0) m = 1;
     Tronco& t = d.T(riga);
     t.IndiceMateriale = static_cast<int16_t>(m);
@@ -218,14 +212,14 @@ EsitoConferma ConfermaCelle(Documento& d, Archivi& a, int da, int a_, int id, co
             for (int k = d.NumTronchi() + 1; k < r; ++k) d.T(k) = Tronco{};
             d.rete().NumTronchi = static_cast<int16_t>(r);
         }
-        if (!MaterialeValido(a, d.T(r).IndiceMateriale)) MaterialeNuovaRiga(d, a, r);
+        if (!a.HaMateriale(d.T(r).IndiceMateriale)) MaterialeNuovaRiga(d, a, r);
     }
     d.ReteModificata = VERO;
     return esito;
 }
 
 void ConfermaMateriale(Documento& d, const Archivi& a, int da, int a_, int materiale) {
-    if (!MaterialeValido(a, materiale)) return;
+    if (!a.HaMateriale(materiale)) return;
     for (int r = std::max(da, 1); r <= a_ && r <= MAX_TRONCHI; ++r) {
         if (r > d.NumTronchi()) {
             for (int k = d.NumTronchi() + 1; k <= r; ++k) d.T(k) = Tronco{};
@@ -310,8 +304,7 @@ Fondo FondoDiametroModificato(const Documento& d, const Archivi& a, int sezione,
     if (sezione < 1 || sezione > MAX_TRONCHI) return Fondo::GialloPallido;
     const Tronco& t = d.T(sezione);
     const std::string dn = Trim(testo);
-    if (!TuttoNumerico(dn) || Maiuscolo(dn) == "AUTO" || !MaterialeValido(a, t.IndiceMateriale))
-        return Fondo::GialloPallido;
+    if (!TuttoNumerico(dn) || Maiuscolo(dn) == "AUTO" || !a.HaMateriale(t.IndiceMateriale)) return Fondo::GialloPallido;
     const MaterialeTubo& m = a.Materiali[static_cast<size_t>(t.IndiceMateriale)];
     if (m.NumRighe() < 1) return Fondo::GialloPallido;
     const bool piuGrande = m.Righe[static_cast<size_t>(m.NumRighe())].DN == dn;

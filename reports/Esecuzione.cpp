@@ -64,30 +64,20 @@ void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecu
 
 void AggiornaTenuta(Documento& d) { d.Tenuta.FamigliaGas = d.GasCorrente.Famiglia; }
 
-std::string Cartella(const std::string& percorso) {
-    const size_t barra = percorso.find_last_of("/\\");
-    return barra == std::string::npos ? std::string() : percorso.substr(0, barra);
-}
-
-std::string NomeFile(const std::string& percorso) {
-    const size_t barra = percorso.find_last_of("/\\");
-    return barra == std::string::npos ? percorso : percorso.substr(barra + 1);
-}
-
 std::string FileSchema(const Documento& d, const std::string& percorsoUscita, bool pulito) {
     std::string nome = d.Riferimento;
     if (pulito)
         for (char& c : nome)
             if (c == '.' || c == '\\' || c == '/') c = '_';
     nome = Sinistra(nome, 70) + ".bmp";
-    const std::string cartella = Cartella(percorsoUscita);
+    const std::string cartella = CartellaDi(percorsoUscita);
     return cartella.empty() ? nome : cartella + "/" + nome;
 }
 
 void CopiaLogo(const Archivi& a, const std::string& percorsoUscita) {
     namespace fs = std::filesystem;
     const fs::path origine = TrovaFile(a.Cartella, "logo.bmp");
-    const std::string cartella = Cartella(percorsoUscita);
+    const std::string cartella = CartellaDi(percorsoUscita);
     const fs::path destinazione = fs::path(cartella.empty() ? "." : cartella) / "logo.bmp";
     std::error_code ec;
     if (fs::equivalent(origine, destinazione, ec)) return;  // the report is in the program's folder

@@ -62,8 +62,4 @@ std::string FileSchema(const Documento& d, const std::string& percorsoUscita, bo
 // Copies logo.bmp of the program's folder beside the report, replacing any file there.
 void CopiaLogo(const Archivi& a, const std::string& percorsoUscita);
 
-// The folder part of a path ("" for a bare name) and the name part.
-std::string Cartella(const std::string& percorso);
-std::string NomeFile(const std::string& percorso);
-
 }  // namespace fornax

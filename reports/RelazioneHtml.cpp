@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Cartelle.h"
 #include "core/Servizi.h"
 #include "core/Testo.h"
 #include "reports/Esecuzione.h"
@@ -412,7 +413,7 @@ void ScrittoreHtml::Prologo() {
 // The project's base name: the file name less its folder and its last four characters; a
 // long one gives way to the tail of the whole path.
 std::string ScrittoreHtml::NomeBase() const {
-    const std::string nome = NomeFile(d_.NomeFileProgetto);
+    const std::string nome = NomeDi(d_.NomeFileProgetto);
     const std::string base = Trim(Sinistra(nome, std::max(0, NumeroCaratteri(nome) - 4)));
     return NumeroCaratteri(base) > 28 ? Destra(d_.NomeFileProgetto, 28) : base;
 }
@@ -700,7 +701,7 @@ void ScrittoreHtml::PaginaSchema(const std::string& fileSchema, bool altreSezion
     const int16_t q = pagina_;
     const int16_t p = static_cast<int16_t>(Posizione(q + 1L));
     IntestazioneDi(p, "' width='80' height='40'>", "mm; width:170mm'>");
-    Riga("<IMG src='" + NomeFile(fileSchema) + "' align='middle' style='width:200mm'></IMG><BR>");
+    Riga("<IMG src='" + NomeDi(fileSchema) + "' align='middle' style='width:200mm'></IMG><BR>");
     Riga(kSpazio);
     Carica(kSpaziatura);
     Riga("<TABLE align='center'>");

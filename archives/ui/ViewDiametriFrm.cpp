@@ -33,7 +33,7 @@ ViewDiametriFrm::ViewDiametriFrm(QWidget* padre) : QDialog(padre) {
 }
 
 void ViewDiametriFrm::SetMateriale(const Archivi& a, int indice) {
-    const bool valido = indice >= 1 && indice <= a.NumMateriali();
+    const bool valido = a.HaMateriale(indice);
     Label1->setText(valido ? Q(a.Materiali[static_cast<size_t>(indice)].Nome) : QString());
     List1->clear();
     if (valido) {

@@ -207,7 +207,7 @@ void GasGrid::Costruisci() {
         if (Combo1->isVisible()) modificaMateriale_ = true;
     });
     connect(Combo1, &QComboBox::highlighted, this, [this](int i) {
-        if (i >= 0 && i + 1 <= a_.NumMateriali())
+        if (a_.HaMateriale(i + 1))
             Panel3D2->setText(Q(a_.Materiali[static_cast<size_t>(i + 1)].Nome) + QStringLiteral(": ") +
                               Q(a_.Materiali[static_cast<size_t>(i + 1)].Descrizione));
     });
@@ -444,7 +444,7 @@ void GasGrid::AggiornaPannello() {
             m = Combo1->currentIndex() + 1;
         else if (Row() >= 1 && Row() <= d_.NumTronchi())
             m = d_.T(Row()).IndiceMateriale;
-        if (m >= 1 && m <= a_.NumMateriali())
+        if (a_.HaMateriale(m))
             testo = Q(a_.Materiali[static_cast<size_t>(m)].Nome) + QStringLiteral(": ") +
                     Q(a_.Materiali[static_cast<size_t>(m)].Descrizione);
     }

@@ -119,12 +119,10 @@ void GasGrid::ApriMateriale(int riga, int colonna) {
     QSignalBlocker b(Combo1);
     int scelta = Combo1->findText(Q(a_.Default.DefaultMateriale).trimmed(), Qt::MatchFixedString);
     const Tronco& t = d_.T(riga);
-    if (riga <= d_.NumTronchi() && t.IndiceMateriale >= 1 && t.IndiceMateriale <= a_.NumMateriali())
-        scelta = t.IndiceMateriale - 1;
+    if (riga <= d_.NumTronchi() && a_.HaMateriale(t.IndiceMateriale)) scelta = t.IndiceMateriale - 1;
     if (riga == d_.NumTronchi() + 1 && riga > 1) {
         const Tronco& sopra = d_.T(riga - 1);
-        if (sopra.IndiceMateriale >= 1 && sopra.IndiceMateriale <= a_.NumMateriali())
-            scelta = sopra.IndiceMateriale - 1;
+        if (a_.HaMateriale(sopra.IndiceMateriale)) scelta = sopra.IndiceMateriale - 1;
     }
     Combo1->setCurrentIndex(scelta >= 0 ? scelta : (Combo1->count() > 0 ? 0 : -1));
     modificaMateriale_ = false;
