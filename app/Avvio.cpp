@@ -14,8 +14,6 @@
 #include "app/frmMainForm.h"
 #include "app/frmSplash.h"
 #include "core/ImpostazioniFile.h"
-#include "core/Numeri.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
 #include "core/ui/MessaggiQt.h"
 #include "documento/Sessione.h"

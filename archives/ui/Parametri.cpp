@@ -17,11 +17,7 @@
 #include <QVBoxLayout>
 
 #include "archives/Gas.h"
-#include "archives/Materiali.h"
-#include "archives/Pdc.h"
-#include "core/Numeri.h"
 #include "core/Servizi.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
 #include "editing/Modifiche.h"
 

@@ -16,11 +16,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "archives/Pdc.h"
 #include "calc/Verifica.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
 #include "editing/Modifiche.h"
 #include "editing/RegoleGriglia.h"
