@@ -14,11 +14,10 @@
 #include "app/frmMainForm.h"
 #include "app/frmSplash.h"
 #include "core/ImpostazioniFile.h"
-#include "core/Numeri.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
 #include "core/ui/MessaggiQt.h"
 #include "documento/Sessione.h"
+#include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
 
 namespace fornax::ui {
@@ -92,12 +91,7 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
         }
     }
     // Speed and pressures start from the defaults, also for the project just opened.
-    const TestiDefault& def = p->a.Default;
-    p->d.VelocitaMassima =
-        Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
-    p->d.PressioneIniziale =
-        Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
-    p->d.PressioneFinale = Trim(def.DefaultPressioneFinale).empty() ? 150.0 : LeggiNumero(def.DefaultPressioneFinale);
+    modifica::DefaultAllApertura(p->d, p->a);
     if (form.ProgettoAperto()) {
         form.FinestraDocumento()->InitInitialPressureCombo();
         form.FinestraDocumento()->Elaborazione();

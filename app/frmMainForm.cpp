@@ -20,17 +20,14 @@
 
 #include "app/frmAttivita.h"
 #include "app/frmSplash.h"
-#include "archives/Pdc.h"
-#include "archives/Speciali.h"
 #include "archives/ui/Parametri.h"
 #include "archives/ui/frmDefaultValue.h"
 #include "archives/ui/frmPDC.h"
 #include "archives/ui/frmSpeciali.h"
 #include "core/Cartelle.h"
-#include "core/Numeri.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
+#include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
 
 namespace fornax::ui {
@@ -306,14 +303,11 @@ void frmMainForm::AggiornaComboGas() {
 void frmMainForm::ComboGasScelto(int indice) {
     const int g = indice + 1;
     if (g < 1 || g > a_.NumGas()) return;
-    if (d_.ReteInPressione == 0 && a_.Gas[static_cast<size_t>(g)].NonCombustibile != 0) {
-        msg_.Mostra("Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile");
+    if (doc_) doc_->TerminaModifica();
+    if (!modifica::ScegliGas(d_, a_, g, msg_)) {
         AggiornaComboGas();
         return;
     }
-    if (doc_) doc_->TerminaModifica();
-    d_.GasCorrente = a_.Gas[static_cast<size_t>(g)];
-    d_.ReteModificata = VERO;
     if (doc_) doc_->Elaborazione();
     AggiornaComandi();
 }
@@ -458,16 +452,8 @@ void frmMainForm::closeEvent(QCloseEvent* e) {
 }
 
 bool frmMainForm::NuovoProgetto(bool pressione) {
-    AzzeraRete(d_, a_.Default);
-    d_.ReteInPressione = pressione ? VERO : FALSO;
-    d_.OrientamentoSorgente = pressione ? 1 : 0;
-    if (pressione) {
-        if (!CaricaSpecialiPressione(a_, msg_)) return false;
-    } else {
-        CaricaSpecialiInterni(a_);
-    }
+    if (!modifica::NuovaRete(d_, a_, pressione, msg_)) return false;
     CreaDocumento();
-    if (!pressione) a_.Default.DefaultDpMax = TestoBreve(LimitePdc(a_, d_));
     AggiornaTitolo();
     if (ParametriDopoNuovo) ParametriMnu();
     return true;
@@ -514,7 +500,6 @@ void frmMainForm::DopoParametri() {
         Attesa attesa;
         doc_->Elaborazione();
     }
-    d_.ReteModificata = VERO;
     doc_->InitInitialPressureCombo();
     doc_->InitDPMaxCombo();
     AggiornaComboGas();
@@ -540,10 +525,7 @@ void frmMainForm::mnuEqLen() {
     if (f.exec() != QDialog::Accepted || !f.Salvato()) return;
     // The table in force changes only for a pressure network; an internal installation keeps
     // the built-in one.
-    if (d_.ReteInPressione != 0) {
-        a_.Speciali = f.Tabella();
-        if (doc_) doc_->Elaborazione();
-    }
+    if (modifica::AdottaSpeciali(d_, a_, f.Tabella()) && doc_) doc_->Elaborazione();
 }
 
 void frmMainForm::mnuPreferenze() {

@@ -17,12 +17,9 @@
 #include <QVBoxLayout>
 
 #include "archives/Gas.h"
-#include "archives/Materiali.h"
-#include "archives/Pdc.h"
-#include "core/Numeri.h"
 #include "core/Servizi.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
+#include "editing/Modifiche.h"
 
 namespace fornax::ui {
 
@@ -232,22 +229,14 @@ bool Parametri::eventFilter(QObject* o, QEvent* e) {
 }
 
 void Parametri::Command1() {
-    const bool pressione = d_.ReteInPressione != 0;
-    const bool presente = indiceGas_ >= 1 && indiceGas_ <= a_.NumGas();
-    if (!pressione && presente && a_.Gas[static_cast<size_t>(indiceGas_)].NonCombustibile != 0) {
-        msg_.Mostra("Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile");
-        return;
-    }
-    d_.Riferimento = S(Text1->text());
-    d_.DescrizioneLavoro = S(Text2->text());
-    if (pressione) d_.VelocitaMassima = static_cast<float>(NumeroDi(txtVelocita->text()));
-    d_.ArchivioDocumenti = S(txtDocumentPath->text());
-    d_.Normativa = optNormativa0->isChecked() ? 1 : 2;
-    CaricaPdc(a_, d_.Normativa, msg_);
-    CalcolaDerivati(a_);
-    if (indiceGas_ == 0) indiceGas_ = 1;
-    if (indiceGas_ <= a_.NumGas()) d_.GasCorrente = a_.Gas[static_cast<size_t>(indiceGas_)];
-    if (Trim(d_.GasCorrente.Nome).empty() && a_.NumGas() > 0) d_.GasCorrente = a_.Gas[1];
+    modifica::ValoriParametri v;
+    v.riferimento = S(Text1->text());
+    v.descrizioneLavoro = S(Text2->text());
+    v.archivioDocumenti = S(txtDocumentPath->text());
+    v.edizione1992 = optNormativa0->isChecked();
+    v.velocitaMassima = S(txtVelocita->text());
+    v.indiceGas = indiceGas_;
+    if (!modifica::ImpostaParametri(d_, a_, v, msg_)) return;
     accept();
 }
 

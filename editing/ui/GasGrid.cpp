@@ -16,12 +16,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "archives/Pdc.h"
 #include "calc/Verifica.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
-#include "core/Testo.h"
 #include "core/ui/Controlli.h"
+#include "editing/Modifiche.h"
 #include "editing/RegoleGriglia.h"
 #include "editing/ui/ModelloTronchi.h"
 
@@ -79,8 +78,7 @@ void Colora(QComboBox* c, bool rosso) {
 GasGrid::GasGrid(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre)
     : QWidget(padre), d_(d), a_(a), s_(s), msg_(msg), stato_(std::make_unique<StatoCalcolo>()) {
     setObjectName(QStringLiteral("GasGrid"));
-    // The document window works on slot 1 from its first preparation on.
-    d_.SlotCorrente = 1;
+    modifica::PreparaDocumento(d_);
     Costruisci();
 }
 
@@ -315,11 +313,7 @@ void GasGrid::ScriviTutte() {
 void GasGrid::NuovaRiga() {
     if (d_.NumTronchi() >= MAX_TRONCHI) return;
     modello_->ImpostaRighe(modello_->Righe() + 1);
-    d_.rete().NumTronchi = static_cast<int16_t>(d_.NumTronchi() + 1);
-    Tronco& t = d_.T(d_.NumTronchi());
-    t.ID_LEFT = 0;
-    t.ID_RIGHT = 0;
-    ScriviRiga(d_.NumTronchi());
+    ScriviRiga(modifica::AggiungiRiga(d_));
 }
 
 // ---- Public operations ----
@@ -392,25 +386,11 @@ void GasGrid::Rescale() {
 
 void GasGrid::BloccaDiametri(bool bloccati) {
     TerminaModifica();
-    for (int i = 1; i <= d_.NumTronchi(); ++i) {
-        Tronco& t = d_.T(i);
-        if (bloccati && Trim(t.ID_DIAMETRO).empty()) continue;  // nothing to keep yet
-        t.ID_DIAMCUSTOM = bloccati ? VERO : FALSO;
-    }
-    d_.ReteModificata = VERO;
+    modifica::BloccaDiametri(d_, bloccati);
     Elaborazione();
 }
 
-bool GasGrid::DiametriBloccati() const {
-    bool qualcuno = false;
-    for (int i = 1; i <= d_.NumTronchi(); ++i) {
-        const Tronco& t = d_.T(i);
-        if (Trim(t.ID_DIAMETRO).empty()) continue;
-        if (t.ID_DIAMCUSTOM == FALSO) return false;
-        qualcuno = true;
-    }
-    return qualcuno;
-}
+bool GasGrid::DiametriBloccati() const { return modifica::DiametriBloccati(d_); }
 
 // ---- Heading and panels ----
 
@@ -425,7 +405,7 @@ void GasGrid::AggiornaTitolo() {
         Colora(ComboFinalPres, PressioneDiversaDaDefault(d_.PressioneFinale, a_.Default.DefaultPressioneFinale));
     } else {
         // The limit in force, kept as text after each change of the imposed drop.
-        a_.Default.DefaultDpMax = TestoBreve(LimitePdc(a_, d_));
+        modifica::RicordaLimiteInVigore(d_, a_);
         lblLimite->setText(QStringLiteral("Perdita massima ammessa: %1 Pa").arg(Q(a_.Default.DefaultDpMax)));
         Colora(ComboDpMax, DpMaxDiversoDaTabella(d_, a_));
     }
@@ -488,25 +468,16 @@ void GasGrid::SelectItemInDpMaxList() {
 void GasGrid::ApplicaPressione(QComboBox* combo) {
     const std::string testo = S(combo->currentText());
     if (combo == ComboInitPres) {
-        const double v = ValoreComboPressione(testo, a_.Default.DefaultPressioneIniziale);
-        if (v == d_.PressioneIniziale && Maiuscolo(Trim(testo)) != "AUTO") return;
-        d_.PressioneIniziale = v;
+        if (!modifica::ScegliPressioneIniziale(d_, a_, testo)) return;
         SelectItemInInitialPressureList();
     } else if (combo == ComboFinalPres) {
-        const double v = ValoreComboPressione(testo, a_.Default.DefaultPressioneFinale);
-        if (v == d_.PressioneFinale && Maiuscolo(Trim(testo)) != "AUTO") return;
-        d_.PressioneFinale = v;
+        if (!modifica::ScegliPressioneFinale(d_, a_, testo)) return;
         SelectItemInFinalPressureList();
     } else {
-        const double v = ValoreComboDpMax(testo);
-        if (v == d_.DpMax) {
-            SelectItemInDpMaxList();
-            return;
-        }
-        d_.DpMax = v;
+        const bool cambiato = modifica::ScegliDpMax(d_, testo);
         SelectItemInDpMaxList();
+        if (!cambiato) return;
     }
-    d_.ReteModificata = VERO;
     if (s_.RicalcoloAutomatico != FALSO) {
         Elaborazione();
     } else {

@@ -19,7 +19,7 @@
 #include "core/Servizi.h"
 #include "core/Testo.h"
 #include "core/ui/Controlli.h"
-#include "editing/Cancellazione.h"
+#include "editing/Modifiche.h"
 #include "editing/RegoleGriglia.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
@@ -390,8 +390,8 @@ void GasGrid::Avanza() {
     if (prossima == 0) {
         if (modello_->Righe() < d_.NumTronchi() + 1) {
             NuovaRiga();
-        } else if (r > d_.NumTronchi() && r <= MAX_TRONCHI) {
-            d_.rete().NumTronchi = static_cast<int16_t>(r);
+        } else {
+            modifica::AccogliRiga(d_, r);
         }
         if (s_.CursorLocked == FALSO) {
             if (r + 1 < modello_->Righe()) ++r;
@@ -459,7 +459,7 @@ void GasGrid::ChiudiMateriale(bool avanza) {
     modificaMateriale_ = false;
     if (!scritto) return;
     if (materiale >= 1) {
-        ConfermaMateriale(d_, a_, da, a, materiale);
+        modifica::ScegliMateriale(d_, a_, da, a, materiale);
         for (int r = da; r <= a; ++r) ScriviRiga(r);
     }
     if (avanza) {
@@ -485,8 +485,9 @@ void GasGrid::ConfermaCella(int riga, int colonna) {
     EsitoConferma esito;
     {
         Blocco b(bloccoFuoco_);
-        esito = ConfermaCelle(d_, a_, da, a, c.Id, testo, msg_,
-                              [this](int materiale) { return S(ViewDiametriFrm::Scegli(this, a_, materiale)); });
+        esito = modifica::ConfermaCella(d_, a_, da, a, c.Id, testo, msg_, [this](int materiale) {
+            return S(ViewDiametriFrm::Scegli(this, a_, materiale));
+        });
     }
     for (const EsitoCella& e : esito.righe) {
         // Rows that have just joined the table show their record (the material they took).
@@ -549,7 +550,7 @@ void GasGrid::ConfermaCancellazione(int tronco) {
                             ResetGrid();
                             Elaborazione();
                         }};
-    CancellaSezione(d_, tronco, f.TipoCancellazione, msg_, rinfresco);
+    modifica::CancellaSezione(d_, tronco, f.TipoCancellazione, msg_, rinfresco);
     TroncoSelezionato = 0;
 }
 
@@ -574,7 +575,7 @@ void GasGrid::DeleteKeyGrid() {
                             ResetGrid();
                             Elaborazione();
                         }};
-    CancellaRighe(d_, da, a, f.TipoCancellazione, rinfresco);
+    modifica::CancellaRighe(d_, da, a, f.TipoCancellazione, rinfresco);
     QApplication::restoreOverrideCursor();
     TroncoSelezionato = 0;
 }

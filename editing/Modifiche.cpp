@@ -1,0 +1,175 @@
+#include "editing/Modifiche.h"
+
+#include "archives/Materiali.h"
+#include "archives/Pdc.h"
+#include "archives/Speciali.h"
+#include "core/Numeri.h"
+#include "core/Servizi.h"
+#include "core/Testo.h"
+
+namespace fornax::modifica {
+
+namespace {
+
+constexpr const char* GAS_NON_COMBUSTIBILE =
+    "Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile";
+
+// An internal installation burns its gas: a gas that doesn't burn can't be its gas.
+bool GasRifiutato(const Documento& d, const Archivi& a, int gas) {
+    return d.ReteInPressione == 0 && gas >= 1 && gas <= a.NumGas() &&
+           a.Gas[static_cast<size_t>(gas)].NonCombustibile != 0;
+}
+
+bool Automatico(const std::string& testo) {
+    const std::string t = Maiuscolo(Trim(testo));
+    return t == "AUTO";
+}
+
+// A default text as a number, or `vuoto` when the text is empty.
+double DaDefault(const std::string& testo, double vuoto) { return Trim(testo).empty() ? vuoto : LeggiNumero(testo); }
+
+}  // namespace
+
+void PreparaDocumento(Documento& d) { d.SlotCorrente = 1; }
+
+// ---- Cells of the grid ----
+
+EsitoConferma ConfermaCella(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo, Messaggi& msg,
+                            const ScegliDiametro& scegli) {
+    return ConfermaCelle(d, a, da, a_, id, testo, msg, scegli);
+}
+
+void ScegliMateriale(Documento& d, const Archivi& a, int da, int a_, int materiale) {
+    ConfermaMateriale(d, a, da, a_, materiale);
+}
+
+int AggiungiRiga(Documento& d) {
+    if (d.NumTronchi() >= MAX_TRONCHI) return 0;
+    d.rete().NumTronchi = static_cast<int16_t>(d.NumTronchi() + 1);
+    Tronco& t = d.T(d.NumTronchi());
+    t.ID_LEFT = 0;
+    t.ID_RIGHT = 0;
+    return d.NumTronchi();
+}
+
+void AccogliRiga(Documento& d, int riga) {
+    if (riga > d.NumTronchi() && riga <= MAX_TRONCHI) d.rete().NumTronchi = static_cast<int16_t>(riga);
+}
+
+// ---- Deleting ----
+
+bool CancellaSezione(Documento& d, int tronco, int tipo, Messaggi& msg, const Rinfresco& r) {
+    return fornax::CancellaSezione(d, tronco, tipo, msg, r);
+}
+
+void CancellaRighe(Documento& d, int da, int a_, int tipo, const Rinfresco& r) {
+    fornax::CancellaRighe(d, da, a_, tipo, r);
+}
+
+// ---- Diameters ----
+
+void BloccaDiametri(Documento& d, bool bloccati) {
+    for (int i = 1; i <= d.NumTronchi(); ++i) {
+        Tronco& t = d.T(i);
+        if (bloccati && Trim(t.ID_DIAMETRO).empty()) continue;
+        t.ID_DIAMCUSTOM = bloccati ? VERO : FALSO;
+    }
+    d.ReteModificata = VERO;
+}
+
+bool DiametriBloccati(const Documento& d) {
+    bool qualcuno = false;
+    for (int i = 1; i <= d.NumTronchi(); ++i) {
+        const Tronco& t = d.T(i);
+        if (Trim(t.ID_DIAMETRO).empty()) continue;
+        if (t.ID_DIAMCUSTOM == FALSO) return false;
+        qualcuno = true;
+    }
+    return qualcuno;
+}
+
+// ---- Pressure combos ----
+
+bool ScegliPressioneIniziale(Documento& d, const Archivi& a, const std::string& testo) {
+    const double v = ValoreComboPressione(testo, a.Default.DefaultPressioneIniziale);
+    if (v == d.PressioneIniziale && !Automatico(testo)) return false;
+    d.PressioneIniziale = v;
+    d.ReteModificata = VERO;
+    return true;
+}
+
+bool ScegliPressioneFinale(Documento& d, const Archivi& a, const std::string& testo) {
+    const double v = ValoreComboPressione(testo, a.Default.DefaultPressioneFinale);
+    if (v == d.PressioneFinale && !Automatico(testo)) return false;
+    d.PressioneFinale = v;
+    d.ReteModificata = VERO;
+    return true;
+}
+
+bool ScegliDpMax(Documento& d, const std::string& testo) {
+    const double v = ValoreComboDpMax(testo);
+    if (v == d.DpMax) return false;
+    d.DpMax = v;
+    d.ReteModificata = VERO;
+    return true;
+}
+
+void RicordaLimiteInVigore(const Documento& d, Archivi& a) { a.Default.DefaultDpMax = TestoBreve(LimitePdc(a, d)); }
+
+// ---- The project ----
+
+bool ImpostaParametri(Documento& d, Archivi& a, const ValoriParametri& v, Messaggi& msg) {
+    const bool pressione = d.ReteInPressione != 0;
+    if (GasRifiutato(d, a, v.indiceGas)) {
+        msg.Mostra(GAS_NON_COMBUSTIBILE);
+        return false;
+    }
+    d.Riferimento = v.riferimento;
+    d.DescrizioneLavoro = v.descrizioneLavoro;
+    if (pressione) d.VelocitaMassima = static_cast<float>(LeggiNumero(v.velocitaMassima));
+    d.ArchivioDocumenti = v.archivioDocumenti;
+    d.Normativa = v.edizione1992 ? 1 : 2;
+    CaricaPdc(a, d.Normativa, msg);
+    CalcolaDerivati(a);
+    const int gas = v.indiceGas == 0 ? 1 : v.indiceGas;
+    if (gas >= 1 && gas <= a.NumGas()) d.GasCorrente = a.Gas[static_cast<size_t>(gas)];
+    if (Trim(d.GasCorrente.Nome).empty() && a.NumGas() > 0) d.GasCorrente = a.Gas[1];
+    d.ReteModificata = VERO;
+    return true;
+}
+
+bool ScegliGas(Documento& d, const Archivi& a, int gas, Messaggi& msg) {
+    if (gas < 1 || gas > a.NumGas()) return false;
+    if (GasRifiutato(d, a, gas)) {
+        msg.Mostra(GAS_NON_COMBUSTIBILE);
+        return false;
+    }
+    d.GasCorrente = a.Gas[static_cast<size_t>(gas)];
+    d.ReteModificata = VERO;
+    return true;
+}
+
+bool NuovaRete(Documento& d, Archivi& a, bool pressione, Messaggi& msg) {
+    AzzeraRete(d, a.Default);
+    d.ReteInPressione = pressione ? VERO : FALSO;
+    d.OrientamentoSorgente = pressione ? 1 : 0;
+    if (pressione) return CaricaSpecialiPressione(a, msg);
+    CaricaSpecialiInterni(a);
+    RicordaLimiteInVigore(d, a);
+    return true;
+}
+
+void DefaultAllApertura(Documento& d, const Archivi& a) {
+    const TestiDefault& def = a.Default;
+    d.VelocitaMassima = static_cast<float>(DaDefault(def.DefaultVelocita, 15.0));
+    d.PressioneIniziale = DaDefault(def.DefaultPressioneIniziale, 200.0);
+    d.PressioneFinale = DaDefault(def.DefaultPressioneFinale, 150.0);
+}
+
+bool AdottaSpeciali(const Documento& d, Archivi& a, const std::array<TipoSpeciale, 11>& tabella) {
+    if (d.ReteInPressione == 0) return false;
+    a.Speciali = tabella;
+    return true;
+}
+
+}  // namespace fornax::modifica

@@ -1,0 +1,120 @@
+#pragma once
+// The one writer of the document. Every change a user makes to the project, from the grid,
+// the main frame or a dialog, is one function here, named for what the user does; windows
+// call these and never assign a field of a section or a project parameter themselves.
+//
+// Each function takes what it changes by reference (the `Documento`, and the `Archivi` where
+// an archive's text or table in force follows the edit) and keeps no state of its own, so that
+// a history of edits can wrap any of them: take what the document was, call the function,
+// keep what it became. Each marks the project modified where the product does; the
+// recalculation and the repaint that follow belong to the window.
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "archives/Archivi.h"
+#include "core/Documento.h"
+#include "editing/Cancellazione.h"
+#include "editing/RegoleGriglia.h"
+
+namespace fornax {
+
+class Messaggi;
+
+namespace modifica {
+
+// ---- The document window ----
+
+// The document window works on slot 1 from its first preparation on.
+void PreparaDocumento(Documento& d);
+
+// ---- Cells of the grid ----
+
+// The text of a cell committed into the field `id` of rows da..a_ (ConfermaCelle's rules):
+// flows, lengths, references, diameters fixed or freed, a parent that moves the section in the
+// tree. Marks the project modified unless a rule stopped the commit.
+EsitoConferma ConfermaCella(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo, Messaggi& msg,
+                            const ScegliDiametro& scegli);
+
+// The material chosen in the grid's list (1-based archive index) for rows da..a_; marks the
+// project modified.
+void ScegliMateriale(Documento& d, const Archivi& a, int da, int a_, int materiale);
+
+// Enter past the last column when the grid has no row for the next section: the table takes
+// one more section, with no derivations. Returns its index, 0 when the table is full.
+int AggiungiRiga(Documento& d);
+
+// Enter past the last column of a row beyond the last section: the table reaches that row.
+void AccogliRiga(Documento& d, int riga);
+
+// ---- Deleting ("Tipo cancellazione") ----
+
+// One section, after the user chose `tipo` (TipoCancellazione); see Cancellazione.h. The tree
+// primitives mark the project modified.
+bool CancellaSezione(Documento& d, int tronco, int tipo, Messaggi& msg, const Rinfresco& r);
+// The rows da..a_ marked through the row headers.
+void CancellaRighe(Documento& d, int da, int a_, int tipo, const Rinfresco& r);
+
+// ---- Diameters ----
+
+// "Blocca tutti i diametri": fixes the diameter of every section that has one (a section with
+// no size yet has nothing to keep), or frees every section; marks the project modified.
+void BloccaDiametri(Documento& d, bool bloccati);
+// True when every section that has a diameter has it fixed by the user, and there is one.
+bool DiametriBloccati(const Documento& d);
+
+// ---- The pressure combos of the document window ----
+
+// ComboInitPres, ComboFinalPres on Enter or on leaving: "0" or "Auto" take the default text's
+// value, any other text the absolute value of its number. A number equal to the present value
+// changes nothing and returns false; "Auto" is always applied. Marks the project modified.
+bool ScegliPressioneIniziale(Documento& d, const Archivi& a, const std::string& testo);
+bool ScegliPressioneFinale(Documento& d, const Archivi& a, const std::string& testo);
+// ComboDpMax: "0" or "Auto" make the limit automatic, any other text imposes its number. A
+// value equal to the present one changes nothing and returns false.
+bool ScegliDpMax(Documento& d, const std::string& testo);
+// After each change of the limit of an internal installation the limit in force is kept, as
+// text, in the default text of the imposed drop.
+void RicordaLimiteInVigore(const Documento& d, Archivi& a);
+
+// ---- The project ----
+
+// What "Parametri di progetto" holds when the user presses OK.
+struct ValoriParametri {
+    std::string riferimento;
+    std::string descrizioneLavoro;
+    std::string archivioDocumenti;
+    bool edizione1992 = false;    // "UNI 7129 - 1972/1992" chosen, else "UNI 7129 - 2008"
+    std::string velocitaMassima;  // the box's text, m/s; used for a pressure network only
+    int indiceGas = 0;            // archive index of the gas shown, 0 when none
+};
+
+// OK of "Parametri di progetto". An internal installation refuses a gas that doesn't burn: the
+// product's message, nothing changes, false (the dialog stays open). Otherwise the texts, the
+// edition (1 for 1992, 2 for 2008) and, for a pressure network, the speed go in; the limits of
+// the edition are loaded and the materials' derived columns computed; the gas shown (the first
+// of the archive when none) becomes the current gas; the project is marked modified.
+bool ImpostaParametri(Documento& d, Archivi& a, const ValoriParametri& v, Messaggi& msg);
+
+// The gas chosen on the main frame's tool bar (1-based archive index). An internal installation
+// refuses a gas that doesn't burn, with the product's message, and false. Marks the project
+// modified.
+bool ScegliGas(Documento& d, const Archivi& a, int gas, Messaggi& msg);
+
+// A new project of either kind: the document blanked from the default texts, its kind and the
+// source's orientation (0 for an internal installation, 1 for a pressure network), the
+// fittings of that kind in force, and for an internal installation the limit in force kept as
+// text. False when the fittings table of pressure networks is missing (after its message).
+bool NuovaRete(Documento& d, Archivi& a, bool pressione, Messaggi& msg);
+
+// A project opened from the command line starts its speed and pressures from the default
+// texts (15, 200 and 150 where a text is empty).
+void DefaultAllApertura(Documento& d, const Archivi& a);
+
+// The fittings table saved by its editor. It comes into force only while a pressure network is
+// open (an internal installation keeps the built-in one); true when it did.
+bool AdottaSpeciali(const Documento& d, Archivi& a, const std::array<TipoSpeciale, 11>& tabella);
+
+}  // namespace modifica
+}  // namespace fornax
