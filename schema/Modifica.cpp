@@ -151,6 +151,22 @@ Maniglia CercaManiglia(const StatoSchema& s, double x, double y) {
     return m;
 }
 
+PuntoTrascinato TieniNellArea(double x, double y, double sinistra, double alto, double larghezza, double altezza) {
+    PuntoTrascinato p{x, y, Puntatore::SPOSTA};
+    auto tieni = [&p](double& v, double minimo, double massimo) {
+        if (v < minimo) {
+            v = minimo;
+            p.puntatore = Puntatore::VIETATO;
+        } else if (v > massimo) {
+            v = massimo;
+            p.puntatore = Puntatore::VIETATO;
+        }
+    };
+    tieni(p.x, sinistra, sinistra + larghezza);
+    tieni(p.y, alto, alto + altezza);
+    return p;
+}
+
 void TrascinaLunghezza(StatoSchema& s, const Documento& d, SchemaTarget& t, int16_t tronco, double x, double y,
                        const std::string& tag) {
     ElasticoTronco& e = s.Elastico;

@@ -93,12 +93,12 @@ void RuotaSorgente(Documento& d);
 // The platform's standard cursors the handles ask for.
 namespace Puntatore {
 constexpr int NORMALE = 0;
-constexpr int CLESSIDRA = 5;  // size-all while stretching
+constexpr int SPOSTA = 5;  // size-all, while a handle is dragged
 constexpr int NE_SO = 6;
 constexpr int N_S = 7;
 constexpr int NO_SE = 8;
 constexpr int O_E = 9;
-constexpr int VIETATO = 12;
+constexpr int VIETATO = 12;  // the cursor left the picture's scale area
 }  // namespace Puntatore
 
 struct Maniglia {
@@ -108,6 +108,14 @@ struct Maniglia {
 };
 // The stretch handle under the cursor (RegioniManiglia).
 Maniglia CercaManiglia(const StatoSchema& s, double x, double y);
+
+// A point of a handle's drag: held within the picture's scale area (ScaleLeft, ScaleTop,
+// ScaleWidth, ScaleHeight), with the pointer to show: SPOSTA inside, VIETATO at an edge.
+struct PuntoTrascinato {
+    double x = 0, y = 0;
+    int puntatore = Puntatore::SPOSTA;
+};
+PuntoTrascinato TieniNellArea(double x, double y, double sinistra, double alto, double larghezza, double altezza);
 
 // The rubber line of a stretch in progress, from the near end of `tronco` to the cursor; the
 // previous line is wiped in colour 0. Positions behind the near end are ignored.

@@ -369,6 +369,7 @@ void EstremiLiberi(StatoSchema& s, Documento& d) {
 
 void DisegnaSchema(StatoSchema& s, Documento& d, const Archivi& a, SchemaTarget& t, const ChiamataSchema& ch) {
     ContestoSchema c{s, d, a, t};
+    s.Zoom = LimitaZoom(s.Zoom);
     // The box of the previous walk places a drawing to scale on paper.
     const int32_t xMinPrecedente = s.SchemaXMin;
 
@@ -521,7 +522,7 @@ Punto EstremoVicino(const StatoSchema& s, const Documento& d, int tronco) {
             Intero(static_cast<double>(rec.ID_SCHEMA_Y) + EstensioneY(r, l))};
 }
 
-void SelezionaTronco(StatoSchema& s, const Documento& d, const Archivi& /*a*/, SchemaTarget& t, int16_t tronco) {
+void SelezionaTronco(StatoSchema& s, const Documento& d, SchemaTarget& t, int16_t tronco) {
     t.ImpostaFont("Arial", 7);
     auto ridipingi = [&](int i, int32_t colore) {
         if (Valido(i) == 0 || !s.Disegnato[static_cast<size_t>(i)]) return;

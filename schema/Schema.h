@@ -175,7 +175,7 @@ void EstremiLiberi(StatoSchema& s, Documento& d);
 Punto EstremoVicino(const StatoSchema& s, const Documento& d, int tronco);
 // Repaints the previously selected section white and `tronco` red (0: only the deselection),
 // and remembers the selection. Records are not touched.
-void SelezionaTronco(StatoSchema& s, const Documento& d, const Archivi& a, SchemaTarget& t, int16_t tronco);
+void SelezionaTronco(StatoSchema& s, const Documento& d, SchemaTarget& t, int16_t tronco);
 
 // The arrows offered while a palette element is dragged over the picture: for a section at
 // every free end, for a consumer at every free section end. Both fill RegioniDrop.

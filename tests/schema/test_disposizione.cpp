@@ -170,6 +170,12 @@ TEST(Disposizione, InteriMezzoAlPari) {
     EXPECT_EQ(z.s->Parametri.Fattore, 0.81f);
     EXPECT_EQ(z.s->Parametri.B, 389);
     EXPECT_EQ(z.s->Parametri.Y0, 6512);
+    // A level beyond 5 is held there: 0.9^5 = 0.59049, B = 283.4 -> 283.
+    ReteSchema g;
+    g.s->Zoom = 9;
+    g.Disegna();
+    EXPECT_EQ(g.s->Zoom, 5);
+    EXPECT_EQ(g.s->Parametri.B, 283);
     // A diagonal's far end is rounded, and the walk goes on from there: with SX = 15360,
     // 0.707 x 15360 = 10859.52 -> 10860 a step (two steps unrounded would give 21719).
     ReteSchema d;
@@ -178,6 +184,38 @@ TEST(Disposizione, InteriMezzoAlPari) {
     EXPECT_EQ(d.s->Parametri.SX, 15360);
     Estremo(d, 2, 8, 15980 + 10860, 8040 - 10860);
     Estremo(d, 3, 8, 15980 + 2 * 10860, 8040 - 2 * 10860);
+}
+
+TEST(Disposizione, FattoreSuCarta) {
+    struct Caso {
+        int16_t modo;
+        Superficie superficie;
+        bool inScala;
+        double scala;
+        float fattore;
+    };
+    const Caso casi[] = {
+        {1, Superficie::Stampante, false, 0.25, 1.0f},  // not to scale: 1
+        {1, Superficie::Stampante, true, 0.25, 0.2f},   // 2.5 tenths, half to even
+        {1, Superficie::Stampante, true, 3.0, 1.5f},    // above 2: half of it
+        {1, Superficie::Stampante, true, 2.0, 2.0f},   {1, Superficie::Stampante, true, 0.04, 1.0f},  // 0 becomes 1
+        {2, Superficie::Print, false, 0.25, 0.2f},  // the hidden pictures read the ratio anyway
+        {2, Superficie::Schema, false, 4.5, 2.2f},  // 2.25 -> 2.2
+        {2, Superficie::Print, false, 0.04, 0.0f},  // without the guard
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(std::to_string(c.modo) + " " + std::to_string(c.scala));
+        ReteSchema r;
+        r.s->SchemaInScala = c.inScala ? VERO : FALSO;
+        r.s->SchemaScala = c.scala;
+        ChiamataSchema ch;
+        ch.modo = c.modo;
+        ch.superficie = c.superficie;
+        r.Disegna(ch);
+        EXPECT_EQ(r.s->SchemaFattore, c.fattore);
+        EXPECT_EQ(r.s->SchemaSuCarta, VERO);
+        EXPECT_EQ(r.s->SchemaColore, c.modo == 2 ? Colore::BIANCO : Colore::NERO);
+    }
 }
 
 TEST(Disposizione, DueDerivazioniSenzaCodiceEConCodice) {

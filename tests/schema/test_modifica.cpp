@@ -169,6 +169,15 @@ TEST(Modifica, ManiglieEPuntatori) {
     const Maniglia niente = CercaManiglia(*r.s, 4000, 4000);
     EXPECT_EQ(niente.tronco, 0);
     EXPECT_EQ(niente.puntatore, Puntatore::NORMALE);
+    // While dragging, the cursor is held within the scale area.
+    const PuntoTrascinato dentro = TieniNellArea(500, 600, 0, 0, 19200, 9000);
+    EXPECT_EQ(dentro.puntatore, Puntatore::SPOSTA);
+    EXPECT_EQ(dentro.x, 500);
+    const PuntoTrascinato fuori = TieniNellArea(-20, 9500, 0, 0, 19200, 9000);
+    EXPECT_EQ(fuori.puntatore, Puntatore::VIETATO);
+    EXPECT_EQ(fuori.x, 0);
+    EXPECT_EQ(fuori.y, 9000);
+    EXPECT_EQ(TieniNellArea(19200, 9000, 0, 0, 19200, 9000).puntatore, Puntatore::SPOSTA);
 }
 
 TEST(Modifica, StiramentoDiUnaSezione) {

@@ -160,7 +160,7 @@ TEST(Pittura, SelezioneRidipingeSenzaToccareIRecord) {
     const int32_t x2 = r.T(2).ID_SCHEMA_X;
     const int16_t maniglie = r.s->RegioniManiglia.Conteggio();
     r.t.Svuota();
-    SelezionaTronco(*r.s, *r.d, *r.a, r.t, 1);
+    SelezionaTronco(*r.s, *r.d, r.t, 1);
     EXPECT_EQ(r.s->TroncoSelezionato, 1);
     // The bar of 1 in red from its near end (620, 8040), drawn length 7680.
     auto barre = [&](int32_t colore) {
@@ -173,7 +173,7 @@ TEST(Pittura, SelezioneRidipingeSenzaToccareIRecord) {
     EXPECT_EQ(barre(Colore::ROSSO)[0].x1, 620);
     EXPECT_EQ(barre(Colore::ROSSO)[0].x2, 7680);
     r.t.Svuota();
-    SelezionaTronco(*r.s, *r.d, *r.a, r.t, 2);
+    SelezionaTronco(*r.s, *r.d, r.t, 2);
     ASSERT_EQ(barre(Colore::BIANCO).size(), 1u);
     EXPECT_EQ(barre(Colore::BIANCO)[0].x1, 620);
     ASSERT_EQ(barre(Colore::ROSSO).size(), 1u);
