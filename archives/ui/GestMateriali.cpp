@@ -96,9 +96,10 @@ GestMateriali::GestMateriali(Archivi& a, Messaggi& msg, QWidget* padre) : QDialo
     Grid->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid->setSelectionBehavior(QAbstractItemView::SelectItems);
     Grid->verticalHeader()->setDefaultSectionSize(Grid->fontMetrics().height() + 8);
-    const int larghezze[COLONNE] = {96, 86, 86, 86, 104};
+    const int larghezze[COLONNE] = {110, 90, 90, 90, 110};
     for (int c = 0; c < COLONNE; ++c) Grid->setColumnWidth(c, larghezze[c]);
-    Grid->horizontalHeader()->setStretchLastSection(true);
+    // Extra width goes to the size's name; the numbers keep columns of their own width.
+    Grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     Grid->setMinimumSize(560, 320);
     Grid->installEventFilter(this);
     Grid->viewport()->installEventFilter(this);

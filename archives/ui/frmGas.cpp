@@ -113,6 +113,8 @@ frmGas::frmGas(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre)
     pnlCombustibile->setFrameShadow(QFrame::Sunken);
     pnlCombustibile->setMinimumHeight(24);
     g->addWidget(pnlCombustibile, 6, 2, 1, 4);
+    // Room between the unit of the left half and the labels of the right half.
+    g->setColumnMinimumWidth(2, 64);
     g->setColumnStretch(2, 1);
     lay->addWidget(car);
 
