@@ -2,6 +2,7 @@
 // writes, what deleting and adding do to the tables and the files.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <deque>
 #include <filesystem>
@@ -12,6 +13,7 @@
 #include "archives/Gas.h"
 #include "archives/Materiali.h"
 #include "core/ServiziProva.h"
+#include "core/Testo.h"
 #include "tests/comune/CartellaProva.h"
 
 using namespace fornax;
@@ -426,4 +428,24 @@ TEST_F(Editori, CheckBeforeChange) {
     EXPECT_TRUE(e.CheckBeforeChange(msg));
     e.Mostra(1);
     EXPECT_EQ(e.TipoFormula(), 2);
+}
+
+TEST(Manuali, ConsegnatiNellaCartellaDelProgramma) {
+    // The build puts both manuals beside the archives; the text one is read line by line as
+    // Windows text, the HTML one is opened by the browser whatever its code page.
+    const std::string cartella = FORNAX_BUILD_DATA_DIR;
+    const std::string testo = CartellaProva::LeggiFile(cartella + "/fornax.txt");
+    const std::string html = CartellaProva::LeggiFile(cartella + "/Fornax5.htm");
+    ASSERT_FALSE(testo.empty());
+    ASSERT_FALSE(html.empty());
+    for (size_t i = testo.find('\n'); i != std::string::npos; i = testo.find('\n', i + 1))
+        ASSERT_TRUE(i > 0 && testo[i - 1] == '\r') << "riga senza CR LF alla posizione " << i;
+    // Accented letters are single Windows-1252 bytes, not UTF-8 pairs.
+    EXPECT_NE(Cp1252AUtf8(testo).find("perché"), std::string::npos);
+    EXPECT_TRUE(std::all_of(html.begin(), html.end(), [](char c) { return static_cast<unsigned char>(c) < 128; }));
+    // What a user looks for in either: the command line, the two editions, the leak test.
+    for (const char* s : {"fornax-cli", "--sostituisci", "UNI 7129", "2008", "UNI 11137-1"}) {
+        EXPECT_NE(testo.find(s), std::string::npos) << s;
+        EXPECT_NE(html.find(s), std::string::npos) << s;
+    }
 }
