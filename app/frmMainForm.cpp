@@ -20,8 +20,11 @@
 
 #include "app/frmAttivita.h"
 #include "app/frmSplash.h"
+#include "archives/EditoriArchivi.h"
+#include "archives/ui/GestMateriali.h"
 #include "archives/ui/Parametri.h"
 #include "archives/ui/frmDefaultValue.h"
+#include "archives/ui/frmGas.h"
 #include "archives/ui/frmPDC.h"
 #include "archives/ui/frmSpeciali.h"
 #include "core/Cartelle.h"
@@ -129,6 +132,11 @@ void frmMainForm::CreaComandi() {
     actEqLen->setObjectName(QStringLiteral("mnuEqLen"));
     actPdc = azione(QStringLiteral("&PDC predefinite..."), nullptr, QString(), &frmMainForm::mnuPreferenze);
     actPdc->setObjectName(QStringLiteral("mnuPreferenze"));
+    Icona gas = Icona::Gas;
+    actGas = azione(QStringLiteral("&Gas..."), &gas, QStringLiteral("Gestione Gas"), &frmMainForm::mnuGas);
+    actGas->setObjectName(QStringLiteral("mnuGas"));
+    actMateriali = azione(QStringLiteral("&Tubazioni..."), nullptr, QString(), &frmMainForm::MaterialiMnu);
+    actMateriali->setObjectName(QStringLiteral("MaterialiMnu"));
     actManuale = azione(QStringLiteral("&Manuale..."), &guida, QStringLiteral("Guida"), &frmMainForm::mnuManuale);
     actManuale->setObjectName(QStringLiteral("mnuManuale"));
     actManuale->setShortcut(QKeySequence::HelpContents);
@@ -186,6 +194,9 @@ void frmMainForm::CreaComandi() {
     file->addAction(actEsci);
 
     QMenu* archivi = menuBar()->addMenu(QStringLiteral("&Archivi"));
+    archivi->addAction(actGas);
+    archivi->addAction(actMateriali);
+    archivi->addSeparator();
     archivi->addAction(actEqLen);
     archivi->addAction(actPdc);
 
@@ -238,6 +249,7 @@ void frmMainForm::CreaComandi() {
     etichettaGas->setBuddy(ComboGas);
     barra->addWidget(ComboGas);
     connect(ComboGas, &QComboBox::activated, this, &frmMainForm::ComboGasScelto);
+    barra->addAction(actGas);
     barra->addSeparator();
     barra->addAction(actManuale);
     barra->addAction(actEsci);
@@ -510,6 +522,7 @@ void frmMainForm::ParametriMnu() {
     if (!doc_) return;
     doc_->TerminaModifica();
     Parametri p(a_, d_, msg_, this);
+    p.GestioneGas = [this, &p] { ApriGestioneGas(&p); };
     if (p.exec() == QDialog::Accepted) DopoParametri();
 }
 
@@ -532,6 +545,42 @@ void frmMainForm::mnuPreferenze() {
     if (doc_) doc_->TerminaModifica();
     frmPDC f(a_, d_, msg_, this);
     if (f.exec() == QDialog::Accepted && doc_) doc_->Elaborazione();
+}
+
+// ---- Archive editors ----
+
+void frmMainForm::mnuGas() { ApriGestioneGas(this); }
+
+void frmMainForm::ApriGestioneGas(QWidget* padre) {
+    if (doc_) doc_->TerminaModifica();
+    frmGas f(a_, d_, msg_, padre);
+    f.exec();
+    if (doc_) {
+        if (DopoGestioneGas(d_, a_, f.Salvati(), msg_)) doc_->InitDPMaxCombo();
+        if (s_.RicalcoloAutomatico != FALSO) {
+            Attesa attesa;
+            doc_->Elaborazione();
+        }
+    }
+    AggiornaComboGas();
+    AggiornaComandi();
+}
+
+void frmMainForm::MaterialiMnu() {
+    if (doc_) doc_->TerminaModifica();
+    GestMateriali f(a_, msg_, this);
+    connect(&f, &GestMateriali::materialeSalvato, this, [this] {
+        if (doc_) doc_->LoadCombos();
+    });
+    f.exec();
+    if (!doc_) return;
+    // New materials added and never saved have left the table: the list follows it, and the
+    // sizes of the sections follow the tables saved.
+    doc_->LoadCombos();
+    if (f.Salvato() && s_.RicalcoloAutomatico != FALSO) {
+        Attesa attesa;
+        doc_->Elaborazione();
+    }
 }
 
 void frmMainForm::mnuManuale() {

@@ -40,6 +40,8 @@ public:
     void defaultValue();
     void mnuEqLen();
     void mnuPreferenze();
+    void mnuGas();
+    void MaterialiMnu();
     void mnuManuale();
     void AboutMnu();
     void CommandCalculate();
@@ -88,6 +90,9 @@ private:
     ChiediNomeFile NomePerSalvare();
     bool Chiedi();
     void DopoParametri();
+    // The gas editor over `padre`; then the gas lists, the project's gas and the calculation
+    // follow the archive.
+    void ApriGestioneGas(QWidget* padre);
 
     Documento& d_;
     Archivi& a_;
@@ -106,6 +111,8 @@ private:
     QAction* actEsci = nullptr;
     QAction* actEqLen = nullptr;
     QAction* actPdc = nullptr;
+    QAction* actGas = nullptr;
+    QAction* actMateriali = nullptr;
     QAction* actManuale = nullptr;
     QAction* actAbout = nullptr;
     QAction* actCalcola = nullptr;

@@ -103,19 +103,23 @@ bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg) {
     return w.SalvaOAvvisa(TrovaFile(a.Cartella, m.Nome + ".mat"), msg);
 }
 
+void DerivaRiga(RigaDiametro& riga, float pesoSpecifico) {
+    const double esterna = static_cast<double>(riga.DiamEsterno) * riga.DiamEsterno / 4.0 * PI_TABELLE;
+    const double interna = static_cast<double>(riga.DiamInterno) * riga.DiamInterno / 4.0 * PI_TABELLE;
+    riga.PesoMetro = static_cast<float>((esterna - interna) * pesoSpecifico / 1000000.0);
+    riga.Sezione = static_cast<float>(interna / 1000.0);
+    // The speed and flow limits of a size are not used by any calculation: both stay 0.
+    riga.VelocitaLimite = 0;
+    riga.PortataLimite = static_cast<float>(riga.VelocitaLimite * 3600.0 * riga.Sezione);
+}
+
 void CalcolaDerivati(Archivi& a) {
     for (int i = 1; i <= a.NumMateriali(); ++i) {
         MaterialeTubo& m = a.Materiali[static_cast<size_t>(i)];
         for (int r = 1; r <= m.NumRighe(); ++r) {
             RigaDiametro& riga = m.Righe[static_cast<size_t>(r)];
             riga.DiamEsterno = static_cast<float>(2.0 * riga.Spessore + riga.DiamInterno);
-            const double esterna = static_cast<double>(riga.DiamEsterno) * riga.DiamEsterno / 4.0 * PI_TABELLE;
-            const double interna = static_cast<double>(riga.DiamInterno) * riga.DiamInterno / 4.0 * PI_TABELLE;
-            riga.PesoMetro = static_cast<float>((esterna - interna) * m.PesoSpecifico / 1000000.0);
-            riga.Sezione = static_cast<float>(interna / 1000.0);
-            // The speed and flow limits of a size are not used by any calculation: both stay 0.
-            riga.VelocitaLimite = 0;
-            riga.PortataLimite = static_cast<float>(riga.VelocitaLimite * 3600.0 * riga.Sezione);
+            DerivaRiga(riga, m.PesoSpecifico);
         }
     }
 }

@@ -14,6 +14,8 @@ void CaricaMateriali(Archivi& a, Avanzamento& av, Messaggi& msg);
 bool CaricaMateriale(Archivi& a, int indice, const std::string& nome);
 bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg);
 void CalcolaDerivati(Archivi& a);
+// Weight per metre and section of one row from its outer and inner diameters.
+void DerivaRiga(RigaDiametro& riga, float pesoSpecifico);
 void AzzeraComputo(Archivi& a);
 void AggiungiComputo(Archivi& a, int materiale, int riga, float lunghezza);
 int IndiceMateriale(const Archivi& a, const std::string& nome);  // exact after trimming

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "archives/Gas.h"
+#include "archives/ui/frmGas.h"
 #include "core/Servizi.h"
 #include "core/ui/Controlli.h"
 #include "editing/Modifiche.h"
@@ -93,6 +94,10 @@ Parametri::Parametri(Archivi& a, Documento& d, Messaggi& msg, QWidget* padre)
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setMinimumWidth(220);
     gas->addWidget(Combo1, 1);
+    auto* gestione = new QPushButton(QStringLiteral("Gestione gas ->"), this);
+    gestione->setObjectName(QStringLiteral("Command4"));
+    gestione->setAutoDefault(false);
+    gas->addWidget(gestione);
     lay->addLayout(gas);
 
     pnlVelocita = new QGroupBox(this);
@@ -158,6 +163,7 @@ Parametri::Parametri(Archivi& a, Documento& d, Messaggi& msg, QWidget* padre)
 
     connect(Combo1, &QComboBox::currentIndexChanged, this, [this] { MostraGas(); });
     connect(sfoglia, &QToolButton::clicked, this, &Parametri::cmdBrowse);
+    connect(gestione, &QPushButton::clicked, this, &Parametri::Command4);
     connect(cmdOK, &QPushButton::clicked, this, &Parametri::Command1);
     connect(annulla, &QPushButton::clicked, this, &QDialog::reject);
     // Enter goes on to the next box; from the speed, to OK.
@@ -212,6 +218,20 @@ void Parametri::MostraGas() {
     pnlCombustibile->setText(brucia ? QStringLiteral("Gas combustibile") : QStringLiteral("Gas NON combustibile"));
     pnlCombustibile->setStyleSheet(brucia ? QStringLiteral("color: #1a5e1a; font-weight: bold;")
                                           : QStringLiteral("color: #b00000; font-weight: bold;"));
+}
+
+// ---- "Gestione gas ->" ----
+
+void Parametri::Command4() {
+    const QString mostrato = Combo1->currentText();
+    if (GestioneGas) {
+        GestioneGas();
+    } else {
+        frmGas f(a_, d_, msg_, this);
+        f.exec();
+    }
+    // The archive may have changed: the list again, on the gas that was shown.
+    ReloadCombo(mostrato);
 }
 
 void Parametri::cmdBrowse() {

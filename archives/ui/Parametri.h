@@ -5,6 +5,7 @@
 // then recalculates, marks the project modified and refreshes its window.
 
 #include <QDialog>
+#include <functional>
 
 #include "archives/Archivi.h"
 
@@ -35,6 +36,10 @@ public:
     // The archive index of the gas shown, 0 when none.
     int IndiceGas() const { return indiceGas_; }
 
+    // "Gestione gas ->": opens the gas editor. The main frame puts its own opening here, so
+    // that its lists and the project follow the archive; without one the editor opens alone.
+    std::function<void()> GestioneGas;
+
 protected:
     bool eventFilter(QObject* o, QEvent* e) override;
 
@@ -42,6 +47,7 @@ private:
     void MostraGas();
     void Command1();
     void cmdBrowse();
+    void Command4();
 
     Archivi& a_;
     Documento& d_;
