@@ -32,6 +32,7 @@
 #include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
 #include "editing/ui/GasGrid.h"
+#include "housekeeping/ui/frmHints.h"
 
 namespace fornax::ui {
 
@@ -191,6 +192,12 @@ void frmMainForm::CreaComandi() {
     QMenu* archivi = menuBar()->addMenu(QStringLiteral("&Archivi"));
     archivi->addAction(actEqLen);
     archivi->addAction(actPdc);
+    // Copying archives and projects from another folder; the tips at start.
+    servizio_ = new ComandiServizio(
+        a_.Cartella, s_.imp, msg_, [this] { return CartellaLavoro(s_.imp, a_.Cartella); }, this);
+    archivi->addSeparator();
+    archivi->addAction(servizio_->mnuArchiveCopy);
+    archivi->addAction(servizio_->mnuProjectFileCopy);
 
     QMenu* calcolo = menuBar()->addMenu(QStringLiteral("&Calcolo"));
     calcolo->addAction(actCalcola);
@@ -203,6 +210,8 @@ void frmMainForm::CreaComandi() {
 
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     aiuto->addAction(actManuale);
+    aiuto->addAction(servizio_->mnuShowHints);
+    aiuto->addSeparator();
     aiuto->addAction(actAbout);
 
     QToolBar* barra = addToolBar(QStringLiteral("Comandi"));
@@ -562,8 +571,11 @@ void frmMainForm::mnuManuale() {
 
 void frmMainForm::AboutMnu() {
     frmSplash f(true, this);
+    f.MostraEditore(servizio_->Editore());
     f.exec();
 }
+
+void frmMainForm::SuggerimentiAllAvvio() { servizio_->SuggerimentiAllAvvio(); }
 
 // ---- Calculation switches ----
 
