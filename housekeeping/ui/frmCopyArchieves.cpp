@@ -26,7 +26,7 @@ QPushButton* Bottone(const QString& testo, const QString& nome, QWidget* padre) 
     return b;
 }
 
-QPushButton* Sfoglia(const QString& nome, QWidget* padre) {
+QPushButton* BottoneSfoglia(const QString& nome, QWidget* padre) {
     auto* b = Bottone(QStringLiteral("..."), nome, padre);
     b->setToolTip(QStringLiteral("Sfoglia"));
     b->setMaximumWidth(36);
@@ -109,13 +109,13 @@ frmCopyArchieves::frmCopyArchieves(const std::string& cartellaProgramma, Messagg
     g->addWidget(new QLabel(QStringLiteral("Copia da:"), this), 0, 0);
     txtCopyFrom = Casella(QStringLiteral("txtCopyFrom"), this);
     g->addWidget(txtCopyFrom, 0, 1);
-    cmdOpenCopyFromDlg = fornax::ui::Sfoglia(QStringLiteral("cmdOpenCopyFromDlg"), this);
+    cmdOpenCopyFromDlg = BottoneSfoglia(QStringLiteral("cmdOpenCopyFromDlg"), this);
     g->addWidget(cmdOpenCopyFromDlg, 0, 2);
     g->addWidget(new QLabel(QStringLiteral("Copia in:"), this), 1, 0);
     txtCopyTo = Casella(QStringLiteral("txtCopyTo"), this);
     txtCopyTo->setText(QDir::toNativeSeparators(Q(cartellaProgramma)));
     g->addWidget(txtCopyTo, 1, 1);
-    cmdOpenCopyToDlg = fornax::ui::Sfoglia(QStringLiteral("cmdOpenCopyToDlg"), this);
+    cmdOpenCopyToDlg = BottoneSfoglia(QStringLiteral("cmdOpenCopyToDlg"), this);
     g->addWidget(cmdOpenCopyToDlg, 1, 2);
     lay->addLayout(g);
     cmdCopy = Bottone(QStringLiteral("Copia"), QStringLiteral("cmdCopy"), this);
@@ -173,7 +173,7 @@ frmCopyProjectFiles::frmCopyProjectFiles(const std::string& cartellaLavoro, cons
     g->addWidget(new QLabel(QStringLiteral("Copia da:"), this), 0, 0);
     txtCopyFrom = Casella(QStringLiteral("txtCopyFrom"), this);
     g->addWidget(txtCopyFrom, 0, 1);
-    cmdOpenCopyFromDlg = fornax::ui::Sfoglia(QStringLiteral("cmdOpenCopyFromDlg"), this);
+    cmdOpenCopyFromDlg = BottoneSfoglia(QStringLiteral("cmdOpenCopyFromDlg"), this);
     g->addWidget(cmdOpenCopyFromDlg, 0, 2);
     lay->addLayout(g);
     auto* dove = Nota(QStringLiteral("I progetti (.RTG) vengono copiati in: %1")

@@ -10,6 +10,10 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
+namespace fornax {
+class Messaggi;
+}
+
 namespace fornax::ui {
 
 class frmCopyArchievesMessage : public QDialog {
@@ -29,8 +33,6 @@ public:
 private:
     int16_t risposta_ = RispostaCopia::Annulla;
 };
-
-class Messaggi;
 
 class frmRenameFile : public QDialog {
     Q_OBJECT
