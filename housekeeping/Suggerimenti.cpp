@@ -66,10 +66,10 @@ std::vector<TipRecord> LeggiHintsDaTesto(const std::string& contenuto) {
 BloccoEditore BloccoEditorePredefinito() {
     BloccoEditore b;
     b.Personalizzato = FALSO;
-    b.Riga1 = "Fornax";
-    b.Riga2 = "Calcolo impianti interni gas (UNI 7129) e reti gas in pressione";
-    b.Riga3 = "Prova di tenuta UNI 11137-1 e relazione di calcolo";
-    b.Riga4 = "Assistenza: manuale del programma, menu ? > Manuale...";
+    b.Riga1 = "Gruppo di sviluppo Fornax";
+    b.Riga2 = "Software tecnico per impianti gas";
+    b.Riga3 = "Assistenza: manuale del programma (menu ?, Manuale...)";
+    b.Riga4 = "Aggiornamenti: presso il proprio distributore";
     return b;
 }
 

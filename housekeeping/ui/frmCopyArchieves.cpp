@@ -44,7 +44,7 @@ QLineEdit* Casella(const QString& nome, QWidget* padre) {
 QLabel* Nota(const QString& testo, QWidget* padre) {
     auto* l = new QLabel(testo, padre);
     l->setWordWrap(true);
-    l->setStyleSheet(QStringLiteral("color: palette(mid);"));
+    l->setStyleSheet(QStringLiteral("color: #4a5563;"));
     return l;
 }
 
@@ -105,6 +105,7 @@ frmCopyArchieves::frmCopyArchieves(const std::string& cartellaProgramma, Messagg
                                        "famiglie, le perdite di carico e i dati della prova di tenuta. I gas "
                                        "vengono aggiunti a quelli della cartella di destinazione."),
                         this));
+    lay->addSpacing(4);
     auto* g = new QGridLayout;
     g->addWidget(new QLabel(QStringLiteral("Copia da:"), this), 0, 0);
     txtCopyFrom = Casella(QStringLiteral("txtCopyFrom"), this);

@@ -34,7 +34,9 @@ frmCopyArchievesMessage::frmCopyArchievesMessage(const QString& domanda, QWidget
     setObjectName(QStringLiteral("frmCopyArchievesMessage"));
     setWindowTitle(QStringLiteral("Attenzione"));
     auto* lay = new QVBoxLayout(this);
+    lay->setContentsMargins(16, 16, 16, 12);
     auto* testa = new QHBoxLayout;
+    testa->setSpacing(14);
     auto* icona = new QLabel(this);
     const int lato = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     icona->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(lato, lato));
@@ -46,7 +48,7 @@ frmCopyArchievesMessage::frmCopyArchievesMessage(const QString& domanda, QWidget
     Label1->setMinimumWidth(440);
     testa->addWidget(Label1, 1);
     lay->addLayout(testa);
-    lay->addSpacing(6);
+    lay->addSpacing(12);
 
     auto* bottoni = new QHBoxLayout;
     bottoni->addStretch(1);
