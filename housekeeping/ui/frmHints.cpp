@@ -44,7 +44,7 @@ frmHints::frmHints(Suggerimenti& s, const BloccoEditore& editore, Impostazioni& 
     txtHint->setObjectName(QStringLiteral("txtHint"));
     txtHint->setOpenLinks(false);
     txtHint->setFrameShape(QFrame::NoFrame);
-    txtHint->setMinimumSize(440, 150);
+    txtHint->setMinimumSize(440, 120);
     txtHint->setFocusPolicy(Qt::NoFocus);
     QPalette p = txtHint->palette();
     p.setColor(QPalette::Base, palette().color(QPalette::Window));
