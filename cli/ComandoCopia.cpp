@@ -2,7 +2,6 @@
 // headless so that an administrator can prepare a new machine from a script. A file present in
 // both folders is answered by --si-tutti (replace it, merge the gas archive) or --no-tutti
 // (leave it); with neither, the first such question stops the copy (exit status 1).
-#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -81,13 +80,6 @@ bool Opzioni(const std::vector<std::string>& argomenti, const char* comando, siz
     return true;
 }
 
-bool Cartella(const std::string& percorso, const char* comando) {
-    std::error_code ec;
-    if (std::filesystem::is_directory(percorso, ec)) return true;
-    std::cerr << "fornax-cli " << comando << ": la cartella '" << percorso << "' non esiste\n";
-    return false;
-}
-
 int Riepilogo(const RiepilogoCopia& r, const std::string& destinazione) {
     for (const auto& n : r.copiati) std::cout << "copiato\t" << n << "\n";
     for (const auto& n : r.uniti) std::cout << "unito\t" << n << "\n";
@@ -110,7 +102,6 @@ int CopiaArchiviCli(ContestoCli& ctx, const std::vector<std::string>& argomenti)
     std::vector<std::string> cartelle;
     Risposte risposte;
     if (!Opzioni(argomenti, "copia-archivi", 2, cartelle, risposte)) return ESITO_USO;
-    if (!Cartella(cartelle[0], "copia-archivi") || !Cartella(cartelle[1], "copia-archivi")) return ESITO_PROGETTO;
     MessaggiCopia msg;
     if (const std::string m = ControllaCartelleArchivi(cartelle[0], cartelle[1]); !m.empty()) {
         msg.Mostra(m, Box::OK, "");
@@ -125,7 +116,6 @@ int CopiaProgettiCli(ContestoCli& ctx, const std::vector<std::string>& argomenti
     std::vector<std::string> cartelle;
     Risposte risposte;
     if (!Opzioni(argomenti, "copia-progetti", 1, cartelle, risposte)) return ESITO_USO;
-    if (!Cartella(cartelle[0], "copia-progetti")) return ESITO_PROGETTO;
     // The work directory is the desktop's: the user's setting, else the program's folder's own.
     const ImpostazioniFile impostazioni;
     const std::string lavoro = CartellaLavoro(impostazioni, ctx.cartellaDati);

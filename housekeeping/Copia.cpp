@@ -223,6 +223,13 @@ private:
 // A folder copied onto itself would merge the gas archive with itself and mark every gas.
 constexpr const char* MESSAGGIO_STESSA_CARTELLA = "La cartella di provenienza e quella di destinazione coincidono.";
 
+constexpr const char* MESSAGGIO_PROVENIENZA_MANCANTE = "La cartella di provenienza non esiste.";
+
+bool Cartella(const std::string& percorso) {
+    std::error_code ec;
+    return fs::is_directory(Assoluto(percorso), ec);
+}
+
 bool StessaCartella(const std::string& x, const std::string& y) {
     std::error_code ec;
     const bool uguali = fs::equivalent(Assoluto(x), Assoluto(y), ec);
@@ -264,11 +271,15 @@ std::string ControllaCartelleArchivi(const std::string& da, const std::string& a
         return "Inserire un valore sia per la directory\r\ndi provenienza che per quella di destinazione.";
     if (senzaDa) return "Inserire un valore per la directory di provenienza.";
     if (senzaA) return "Inserire un valore per la directory di destinazione.";
+    // A mistyped folder gets one message, not a note for each of the ten archives.
+    if (!Cartella(da)) return MESSAGGIO_PROVENIENZA_MANCANTE;
+    if (!Cartella(a)) return "La cartella di destinazione non esiste.";
     return StessaCartella(da, a) ? MESSAGGIO_STESSA_CARTELLA : std::string();
 }
 
 std::string ControllaCartellaProgetti(const std::string& da, const std::string& cartellaLavoro) {
     if (Trim(da).empty()) return "Inserire un valore per la directory di provenienza.";
+    if (!Cartella(da)) return MESSAGGIO_PROVENIENZA_MANCANTE;
     return StessaCartella(da, CartellaArchivioLavori(cartellaLavoro)) ? MESSAGGIO_STESSA_CARTELLA : std::string();
 }
 

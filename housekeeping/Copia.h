@@ -83,8 +83,8 @@ struct RiepilogoCopia {
 constexpr const char* LOG_COPIA_ARCHIVI = "copyArchievesLogFile.txt";
 constexpr const char* LOG_COPIA_PROGETTI = "copyProjectsLogFile.txt";
 
-// The checks of the "Copia" button of "Copia Archivi": "" when both folders are given and are
-// not one and the same, else the message to show.
+// The checks of the "Copia" button of "Copia Archivi": "" when both folders are given, exist and
+// are not one and the same, else the message to show.
 std::string ControllaCartelleArchivi(const std::string& da, const std::string& a);
 // The checks of "Copia File di Progetto", whose destination depends on the work directory.
 std::string ControllaCartellaProgetti(const std::string& da, const std::string& cartellaLavoro);

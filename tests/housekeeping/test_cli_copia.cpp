@@ -79,7 +79,7 @@ TEST_F(CliCopia, UsoErrato) {
     EXPECT_EQ(Esegui("copia-progetti a --tutti").stato, 2);
     const Esito e = Esegui("copia-archivi '" + vecchia.Percorso("manca") + "' '" + nuova.Percorso() + "'");
     EXPECT_EQ(e.stato, 1);
-    EXPECT_NE(e.errori.find("non esiste"), std::string::npos);
+    EXPECT_EQ(e.errori, "La cartella di provenienza non esiste.\n");
     const Esito f = Esegui("copia-archivi '" + vecchia.Percorso() + "' '" + vecchia.Percorso() + "/'");
     EXPECT_EQ(f.stato, 1);
     EXPECT_EQ(f.errori, "La cartella di provenienza e quella di destinazione coincidono.\n");

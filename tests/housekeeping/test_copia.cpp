@@ -203,6 +203,9 @@ TEST(NomiEControlli, MessaggiDelProdotto) {
     EXPECT_EQ(ControllaCartelleArchivi("/tmp", "/tmp/"),
               "La cartella di provenienza e quella di destinazione coincidono.");
     EXPECT_EQ(ControllaCartelleArchivi("/tmp", "/"), "");
+    EXPECT_EQ(ControllaCartelleArchivi("/tmp/fornax-manca-davvero", "/"), "La cartella di provenienza non esiste.");
+    EXPECT_EQ(ControllaCartelleArchivi("/tmp", "/tmp/fornax-manca-davvero"), "La cartella di destinazione non esiste.");
+    EXPECT_EQ(ControllaCartellaProgetti("/tmp/fornax-manca-davvero", "/tmp"), "La cartella di provenienza non esiste.");
     EXPECT_EQ(ControllaCartellaProgetti("  ", "/tmp"), "Inserire un valore per la directory di provenienza.");
     EXPECT_EQ(ControllaNomeFile("  "), "E' necessario inserire un nome per il file.");
     for (const char* cattivo : {"a/b", "a\\b", "..", "c:x", "a*", "a?", "a|b", "<a>"})
