@@ -19,6 +19,7 @@
 #include "documento/Sessione.h"
 #include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
+#include "housekeeping/Suggerimenti.h"
 
 namespace fornax::ui {
 
@@ -63,6 +64,7 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     auto splash = std::make_unique<frmSplash>(false);
     splash->show();
     QCoreApplication::processEvents();
+    splash->MostraEditore(LeggiBloccoEditore(cartellaProgramma));
     splash->WriteVersionInfo();
     splash->ImpostaPasso(1);
     AvanzamentoSplash av(splash.get());
@@ -98,7 +100,10 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     }
     p->s.AvvioCompletato = VERO;
 
-    if (!form.ProgettoAperto()) QTimer::singleShot(0, &form, [&form] { form.MostraAttivita(); });
+    QTimer::singleShot(0, &form, [&form] {
+        form.SuggerimentiAllAvvio();
+        if (!form.ProgettoAperto()) form.MostraAttivita();
+    });
     return app.exec();
 }
 

@@ -32,6 +32,7 @@
 #include "core/ui/Icone.h"
 #include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
+#include "housekeeping/ui/frmHints.h"
 
 namespace fornax::ui {
 
@@ -199,6 +200,12 @@ void frmMainForm::CreaComandi() {
     archivi->addSeparator();
     archivi->addAction(actEqLen);
     archivi->addAction(actPdc);
+    // Copying archives and projects from another folder; the tips at start.
+    servizio_ = new ComandiServizio(
+        a_.Cartella, s_.imp, msg_, [this] { return CartellaLavoro(s_.imp, a_.Cartella); }, this);
+    archivi->addSeparator();
+    archivi->addAction(servizio_->mnuArchiveCopy);
+    archivi->addAction(servizio_->mnuProjectFileCopy);
 
     QMenu* calcolo = menuBar()->addMenu(QStringLiteral("&Calcolo"));
     calcolo->addAction(actCalcola);
@@ -211,6 +218,8 @@ void frmMainForm::CreaComandi() {
 
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     aiuto->addAction(actManuale);
+    aiuto->addAction(servizio_->mnuShowHints);
+    aiuto->addSeparator();
     aiuto->addAction(actAbout);
 
     QToolBar* barra = addToolBar(QStringLiteral("Comandi"));
@@ -593,8 +602,11 @@ void frmMainForm::mnuManuale() {
 
 void frmMainForm::AboutMnu() {
     frmSplash f(true, this);
+    f.MostraEditore(servizio_->Editore());
     f.exec();
 }
+
+void frmMainForm::SuggerimentiAllAvvio() { servizio_->SuggerimentiAllAvvio(); }
 
 // ---- Calculation switches ----
 

@@ -21,6 +21,7 @@ class QStackedWidget;
 
 namespace fornax::ui {
 
+class ComandiServizio;
 class GasGrid;
 
 class frmMainForm : public QMainWindow {
@@ -58,6 +59,9 @@ public:
     // A new project of either kind, as the chooser's first two buttons start it. False when
     // the fittings table of pressure networks is missing.
     bool NuovoProgetto(bool pressione);
+
+    // The end of start-up: the tip of the day, when the user keeps the tips at start.
+    void SuggerimentiAllAvvio();
 
     // The document window, null when no project is open.
     GasGrid* FinestraDocumento() const { return doc_; }
@@ -126,6 +130,7 @@ private:
     QLineEdit* txtScaleW = nullptr;
     QLabel* imgSwCompany = nullptr;
     QLabel* lblStato = nullptr;
+    ComandiServizio* servizio_ = nullptr;  // archive and project copy, tips at start
 };
 
 }  // namespace fornax::ui

@@ -1,6 +1,7 @@
 #include "app/frmSplash.h"
 
 #include <QApplication>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -45,6 +46,19 @@ frmSplash::frmSplash(bool informazioni, QWidget* padre) : QDialog(padre) {
     lblVersione->setFont(fv);
     lay->addSpacing(8);
     lay->addWidget(lblVersione);
+    // The publisher block, under a thin rule.
+    auto* filo = new QFrame(this);
+    filo->setFrameShape(QFrame::HLine);
+    filo->setStyleSheet(QStringLiteral("color: rgba(255, 255, 255, 90);"));
+    lay->addSpacing(10);
+    lay->addWidget(filo);
+    lblEditore = new QLabel(this);
+    lblEditore->setObjectName(QStringLiteral("lblEditore"));
+    lblEditore->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QFont fe = lblEditore->font();
+    fe.setPointSizeF(fe.pointSizeF() * 0.92);
+    lblEditore->setFont(fe);
+    lay->addWidget(lblEditore);
     lblStato = new QLabel(this);
     lblStato->setObjectName(QStringLiteral("lblStato"));
     lblStato->setMinimumWidth(360);
@@ -68,7 +82,7 @@ frmSplash::frmSplash(bool informazioni, QWidget* padre) : QDialog(padre) {
         connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     }
     WriteVersionInfo();
-    adjustSize();
+    MostraEditore(BloccoEditorePredefinito());
 }
 
 QString frmSplash::Versione() const { return QStringLiteral("Versione ") + QString::fromLatin1(VERSIONE); }
@@ -78,6 +92,15 @@ void frmSplash::WriteVersionInfo() { lblVersione->setText(Versione()); }
 void frmSplash::ShowWorking(const QString& testo) {
     lblStato->setText(testo);
     if (isVisible()) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmSplash::MostraEditore(const BloccoEditore& b) {
+    QStringList righe;
+    for (const std::string* r : {&b.Riga1, &b.Riga2, &b.Riga3, &b.Riga4}) righe << Q(*r).toHtmlEscaped();
+    // The firm's name stands out; empty lines of a distributor's file keep their place.
+    righe[0] = QStringLiteral("<b>%1</b>").arg(righe[0]);
+    lblEditore->setText(righe.join(QStringLiteral("<br>")));
+    adjustSize();
 }
 
 void frmSplash::ImpostaPasso(int passo) { ProgressBar1->setValue(std::clamp(passo, 0, 4)); }

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include "core/Servizi.h"
+#include "housekeeping/Suggerimenti.h"
 
 class QLabel;
 class QProgressBar;
@@ -21,6 +22,8 @@ public:
     void WriteVersionInfo();
     void ShowWorking(const QString& testo);
     void ImpostaPasso(int passo);
+    // The four lines of the firm that distributes the program.
+    void MostraEditore(const BloccoEditore& b);
 
     QString Versione() const;
 
@@ -28,6 +31,7 @@ private:
     QLabel* lblVersione;
     QLabel* lblStato;
     QProgressBar* ProgressBar1;
+    QLabel* lblEditore;
 };
 
 // Progress of the start-up on the splash: texts, bar steps, and the events let through.
