@@ -57,8 +57,8 @@ public:
 
 }  // namespace
 
-frmMainForm::frmMainForm(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre)
-    : QMainWindow(padre), d_(d), a_(a), s_(s), msg_(msg) {
+frmMainForm::frmMainForm(Sessione& s, Messaggi& msg, QWidget* padre)
+    : QMainWindow(padre), s_(s), d_(s.d), a_(s.a), msg_(msg) {
     setObjectName(QStringLiteral("frmMainForm"));
     s_.RicalcoloAutomatico = VERO;
     s_.CursorLocked = FALSO;
@@ -322,7 +322,7 @@ void frmMainForm::ComboGasScelto(int indice) {
 
 void frmMainForm::CreaDocumento() {
     ChiudiDocumento();
-    auto* g = new GasGrid(d_, a_, s_, msg_, centro_);
+    auto* g = new GasGrid(s_, msg_, centro_);
     doc_ = g;
     centro_->addWidget(g);
     centro_->setCurrentWidget(g);
@@ -351,7 +351,7 @@ void frmMainForm::ChiudiDocumento() {
 // ---- Session ----
 
 bool frmMainForm::Chiedi() {
-    const bool ok = ChiediSalvataggio(s_, d_, a_, msg_, NomePerSalvare());
+    const bool ok = ChiediSalvataggio(s_, msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
     return ok;
@@ -396,7 +396,7 @@ bool frmMainForm::ApriPercorso(const QString& percorso) {
     bool ok = false;
     {
         Attesa attesa;
-        ok = ApriFile(s_, d_, a_, S(percorso), msg_, av) && d_.CaricamentoProgetto != FALSO;
+        ok = ApriFile(s_, S(percorso), msg_, av);
     }
     if (!ok) {
         ChiudiDocumento();
@@ -430,7 +430,7 @@ void frmMainForm::ApriMnu() {
 void frmMainForm::SalvaMnu() {
     if (!doc_) return;
     doc_->TerminaModifica();
-    SalvaConNome(s_, d_, a_, d_.NomeFileProgetto, msg_, NomePerSalvare());
+    SalvaConNome(s_, d_.NomeFileProgetto, msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
@@ -439,7 +439,7 @@ void frmMainForm::SalvaMnu() {
 void frmMainForm::SaveAsMnu() {
     if (!doc_) return;
     doc_->TerminaModifica();
-    SalvaConNome(s_, d_, a_, "", msg_, NomePerSalvare());
+    SalvaConNome(s_, "", msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
@@ -458,16 +458,9 @@ void frmMainForm::closeEvent(QCloseEvent* e) {
 }
 
 bool frmMainForm::NuovoProgetto(bool pressione) {
-    AzzeraRete(d_, a_.Default);
-    d_.ReteInPressione = pressione ? VERO : FALSO;
-    d_.OrientamentoSorgente = pressione ? 1 : 0;
-    if (pressione) {
-        if (!CaricaSpecialiPressione(a_, msg_)) return false;
-    } else {
-        CaricaSpecialiInterni(a_);
-    }
+    if (!fornax::NuovoProgetto(s_, pressione, msg_)) return false;
     CreaDocumento();
-    if (!pressione) a_.Default.DefaultDpMax = TestoBreve(LimitePdc(a_, d_));
+    if (!pressione) a_.Default.DefaultDpMax = TestoBreve(LimitePdc(d_));
     AggiornaTitolo();
     if (ParametriDopoNuovo) ParametriMnu();
     return true;
@@ -541,7 +534,7 @@ void frmMainForm::mnuEqLen() {
     // The table in force changes only for a pressure network; an internal installation keeps
     // the built-in one.
     if (d_.ReteInPressione != 0) {
-        a_.Speciali = f.Tabella();
+        d_.Speciali = f.Tabella();
         if (doc_) doc_->Elaborazione();
     }
 }
@@ -549,7 +542,9 @@ void frmMainForm::mnuEqLen() {
 void frmMainForm::mnuPreferenze() {
     if (doc_) doc_->TerminaModifica();
     frmPDC f(a_, d_, msg_, this);
-    if (f.exec() == QDialog::Accepted && doc_) doc_->Elaborazione();
+    if (f.exec() != QDialog::Accepted) return;
+    d_.Pdc = f.Tabella();
+    if (doc_) doc_->Elaborazione();
 }
 
 void frmMainForm::mnuManuale() {
@@ -596,13 +591,14 @@ void frmMainForm::cmdDiamLocked() {
 
 void frmMainForm::ZoomPiu() {
     if (!doc_) return;
-    doc_->Zoom = std::min(doc_->Zoom + 1, 7);
+    // The button adds one up to 7; the level in force is held to the schema's range.
+    ImpostaZoom(s_, std::min(s_.Zoom + 1, 7));
     doc_->Rescale();
 }
 
 void frmMainForm::ZoomMeno() {
     if (!doc_) return;
-    doc_->Zoom = doc_->Zoom - 1;
+    ImpostaZoom(s_, s_.Zoom - 1);
     doc_->Rescale();
 }
 

@@ -10,9 +10,9 @@
 
 #include "archives/Materiali.h"
 #include "core/ServiziProva.h"
-#include "documento/Sessione.h"
 #include "leaktest/AperturaTenuta.h"
 #include "reports/Stampa.h"
+#include "sessione/Sessione.h"
 
 using namespace fornax;
 

@@ -35,7 +35,7 @@ void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecu
         ++scritte;
         run.Avanza();
     };
-    if (s.Copertina) sezione(Fase::COPERTINA, "Frontespizio", [&](bool) { w.Copertina(Copertina(d, a)); });
+    if (s.Copertina) sezione(Fase::COPERTINA, "Frontespizio", [&](bool) { w.Copertina(Copertina(d)); });
     if (s.Tronchi)
         sezione(Fase::TRONCHI, "Tabella dati tronchi",
                 [&](bool dopo) { w.Tabelle(Fase::TRONCHI, {TabellaTronchi(d, a)}, dopo); });

@@ -243,8 +243,7 @@ void Parametri::Command1() {
     if (pressione) d_.VelocitaMassima = static_cast<float>(NumeroDi(txtVelocita->text()));
     d_.ArchivioDocumenti = S(txtDocumentPath->text());
     d_.Normativa = optNormativa0->isChecked() ? 1 : 2;
-    CaricaPdc(a_, d_.Normativa, msg_);
-    CalcolaDerivati(a_);
+    CaricaPdc(d_.Pdc, a_.Cartella, d_.Normativa, msg_);
     if (indiceGas_ == 0) indiceGas_ = 1;
     if (indiceGas_ <= a_.NumGas()) d_.GasCorrente = a_.Gas[static_cast<size_t>(indiceGas_)];
     if (Trim(d_.GasCorrente.Nome).empty() && a_.NumGas() > 0) d_.GasCorrente = a_.Gas[1];

@@ -76,8 +76,8 @@ void Colora(QComboBox* c, bool rosso) {
 
 }  // namespace
 
-GasGrid::GasGrid(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre)
-    : QWidget(padre), d_(d), a_(a), s_(s), msg_(msg), stato_(std::make_unique<StatoCalcolo>()) {
+GasGrid::GasGrid(Sessione& s, Messaggi& msg, QWidget* padre)
+    : QWidget(padre), Zoom(s.Zoom), TroncoSelezionato(s.TroncoSelezionato), s_(s), d_(s.d), a_(s.a), msg_(msg) {
     setObjectName(QStringLiteral("GasGrid"));
     // The document window works on slot 1 from its first preparation on.
     d_.SlotCorrente = 1;
@@ -332,7 +332,7 @@ void GasGrid::Elaborazione() {
 }
 
 void GasGrid::AggiornaCalcoli() {
-    CalcolaRete(d_, a_, *stato_, msg_);
+    Ricalcola(s_, msg_);
     // Nothing is painted between two recalculations of one Enter: the grid is written once,
     // after the second.
     if (grigliaRinviata_) return;
@@ -385,7 +385,7 @@ void GasGrid::NewRete() {
 }
 
 void GasGrid::Rescale() {
-    Zoom = std::clamp(Zoom, -12, 5);
+    ImpostaZoom(s_, Zoom);
     const double scala = 100.0 / std::pow(0.9, Zoom);
     emit zoomCambiato(Zoom, Q(FormattaNumero(scala, "###")));
 }
@@ -425,9 +425,9 @@ void GasGrid::AggiornaTitolo() {
         Colora(ComboFinalPres, PressioneDiversaDaDefault(d_.PressioneFinale, a_.Default.DefaultPressioneFinale));
     } else {
         // The limit in force, kept as text after each change of the imposed drop.
-        a_.Default.DefaultDpMax = TestoBreve(LimitePdc(a_, d_));
+        a_.Default.DefaultDpMax = TestoBreve(LimitePdc(d_));
         lblLimite->setText(QStringLiteral("Perdita massima ammessa: %1 Pa").arg(Q(a_.Default.DefaultDpMax)));
-        Colora(ComboDpMax, DpMaxDiversoDaTabella(d_, a_));
+        Colora(ComboDpMax, DpMaxDiversoDaTabella(d_));
     }
 }
 
