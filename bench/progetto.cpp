@@ -63,6 +63,7 @@ void BM_ApriProgetto400(benchmark::State& st) {
     MessaggiRegistrati msg;
     AvanzamentoNullo av;
     for (auto _ : st) benchmark::DoNotOptimize(ApriProgetto(*s, amb.progetto, msg, av));
+    st.counters["tronchi"] = s->d.NumTronchi();
 }
 BENCHMARK(BM_ApriProgetto400)->Unit(benchmark::kMillisecond);
 

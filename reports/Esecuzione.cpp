@@ -24,7 +24,7 @@ void Esecuzione::Avanza() {
     av_.Passo(passi_ == 0 ? 0 : fatti_ * 100 / passi_);
 }
 
-void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
+void PercorriRelazione(Documento& d, const Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
                        Messaggi& msg) {
     CalcolaRete(d, a, msg);
     w.Inizio();
