@@ -31,8 +31,7 @@ private:
         g.reset();  // the window goes before the document it shows
         amb = prova::NuovoAmbiente();
         if (progetto.empty()) {
-            amb->d.ReteInPressione = pressione ? VERO : FALSO;
-            if (pressione) CaricaSpecialiPressione(amb->d.Speciali, amb->a.Cartella, amb->msg);
+            QVERIFY(NuovoProgetto(amb->s, pressione, amb->msg));
         } else {
             AvanzamentoNullo av;
             QVERIFY(ApriProgetto(amb->s, progetto, amb->msg, av));
