@@ -16,10 +16,10 @@
 #include "core/ImpostazioniFile.h"
 #include "core/ui/Controlli.h"
 #include "core/ui/MessaggiQt.h"
-#include "documento/Sessione.h"
 #include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
 #include "housekeeping/Suggerimenti.h"
+#include "sessione/Sessione.h"
 
 namespace fornax::ui {
 
@@ -28,9 +28,9 @@ namespace {
 // What lives from start-up to exit.
 struct Programma {
     Archivi a;
-    Documento d;
     ImpostazioniFile imp;
-    Sessione s{imp};
+    Sessione s{a, imp};
+    Documento& d = s.d;
     MessaggiQt msg;
 };
 
@@ -76,7 +76,7 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
 
     av.Testo("Preparazione finestre");
     av.Passo(3);
-    frmMainForm form(p->d, p->a, p->s, p->msg);
+    frmMainForm form(p->s, p->msg);
     p->msg.ImpostaPadre(&form);
     form.show();
     av.Testo("");

@@ -10,7 +10,7 @@
 
 #include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 
 namespace fornax::ui {
 

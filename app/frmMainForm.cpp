@@ -58,8 +58,8 @@ public:
 
 }  // namespace
 
-frmMainForm::frmMainForm(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre)
-    : QMainWindow(padre), d_(d), a_(a), s_(s), msg_(msg) {
+frmMainForm::frmMainForm(Sessione& s, Messaggi& msg, QWidget* padre)
+    : QMainWindow(padre), s_(s), d_(s.d), a_(s.a), msg_(msg) {
     setObjectName(QStringLiteral("frmMainForm"));
     s_.RicalcoloAutomatico = VERO;
     s_.CursorLocked = FALSO;
@@ -337,7 +337,7 @@ void frmMainForm::ComboGasScelto(int indice) {
 
 void frmMainForm::CreaDocumento() {
     ChiudiDocumento();
-    auto* g = new GasGrid(d_, a_, s_, msg_, centro_);
+    auto* g = new GasGrid(s_, msg_, centro_);
     doc_ = g;
     centro_->addWidget(g);
     centro_->setCurrentWidget(g);
@@ -366,7 +366,7 @@ void frmMainForm::ChiudiDocumento() {
 // ---- Session ----
 
 bool frmMainForm::Chiedi() {
-    const bool ok = ChiediSalvataggio(s_, d_, a_, msg_, NomePerSalvare());
+    const bool ok = ChiediSalvataggio(s_, msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
     return ok;
@@ -411,7 +411,7 @@ bool frmMainForm::ApriPercorso(const QString& percorso) {
     bool ok = false;
     {
         Attesa attesa;
-        ok = ApriFile(s_, d_, a_, S(percorso), msg_, av) && d_.CaricamentoProgetto != FALSO;
+        ok = ApriFile(s_, S(percorso), msg_, av);
     }
     if (!ok) {
         ChiudiDocumento();
@@ -445,7 +445,7 @@ void frmMainForm::ApriMnu() {
 void frmMainForm::SalvaMnu() {
     if (!doc_) return;
     doc_->TerminaModifica();
-    SalvaConNome(s_, d_, a_, d_.NomeFileProgetto, msg_, NomePerSalvare());
+    SalvaConNome(s_, d_.NomeFileProgetto, msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
@@ -454,7 +454,7 @@ void frmMainForm::SalvaMnu() {
 void frmMainForm::SaveAsMnu() {
     if (!doc_) return;
     doc_->TerminaModifica();
-    SalvaConNome(s_, d_, a_, "", msg_, NomePerSalvare());
+    SalvaConNome(s_, "", msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
@@ -473,7 +473,7 @@ void frmMainForm::closeEvent(QCloseEvent* e) {
 }
 
 bool frmMainForm::NuovoProgetto(bool pressione) {
-    if (!modifica::NuovaRete(d_, a_, pressione, msg_)) return false;
+    if (!fornax::NuovoProgetto(s_, pressione, msg_)) return false;
     CreaDocumento();
     AggiornaTitolo();
     if (ParametriDopoNuovo) ParametriMnu();
@@ -547,13 +547,15 @@ void frmMainForm::mnuEqLen() {
     if (f.exec() != QDialog::Accepted || !f.Salvato()) return;
     // The table in force changes only for a pressure network; an internal installation keeps
     // the built-in one.
-    if (modifica::AdottaSpeciali(d_, a_, f.Tabella()) && doc_) doc_->Elaborazione();
+    if (modifica::AdottaSpeciali(d_, f.Tabella()) && doc_) doc_->Elaborazione();
 }
 
 void frmMainForm::mnuPreferenze() {
     if (doc_) doc_->TerminaModifica();
     frmPDC f(a_, d_, msg_, this);
-    if (f.exec() == QDialog::Accepted && doc_) doc_->Elaborazione();
+    if (f.exec() != QDialog::Accepted) return;
+    modifica::AdottaPdc(d_, f.Tabella());
+    if (doc_) doc_->Elaborazione();
 }
 
 // ---- Archive editors ----
@@ -565,7 +567,7 @@ void frmMainForm::ApriGestioneGas(QWidget* padre) {
     frmGas f(a_, d_, msg_, padre);
     f.exec();
     if (doc_) {
-        if (DopoGestioneGas(d_, a_, f.Salvati(), msg_)) doc_->InitDPMaxCombo();
+        if (DopoGestioneGas(d_, a_, f.Salvati(), msg_, f.Cancellati())) doc_->InitDPMaxCombo();
         if (s_.RicalcoloAutomatico != FALSO) {
             Attesa attesa;
             doc_->Elaborazione();
@@ -639,13 +641,14 @@ void frmMainForm::cmdDiamLocked() {
 
 void frmMainForm::ZoomPiu() {
     if (!doc_) return;
-    doc_->Zoom = std::min(doc_->Zoom + 1, 7);
+    // The button adds one up to 7; the level in force is held to the schema's range.
+    ImpostaZoom(s_, std::min(s_.Zoom + 1, 7));
     doc_->Rescale();
 }
 
 void frmMainForm::ZoomMeno() {
     if (!doc_) return;
-    doc_->Zoom = doc_->Zoom - 1;
+    ImpostaZoom(s_, s_.Zoom - 1);
     doc_->Rescale();
 }
 

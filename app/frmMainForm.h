@@ -11,7 +11,7 @@
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "core/ui/MessaggiQt.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 
 class QAction;
 class QComboBox;
@@ -27,8 +27,8 @@ class GasGrid;
 class frmMainForm : public QMainWindow {
     Q_OBJECT
 public:
-    // The frame works on the document, the archives and the session that start-up loaded.
-    frmMainForm(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre = nullptr);
+    // The frame works on the session that start-up loaded: its document and archives.
+    frmMainForm(Sessione& s, Messaggi& msg, QWidget* padre = nullptr);
     ~frmMainForm() override;
 
     // ---- Commands ----
@@ -98,9 +98,9 @@ private:
     // follow the archive.
     void ApriGestioneGas(QWidget* padre);
 
+    Sessione& s_;
     Documento& d_;
     Archivi& a_;
-    Sessione& s_;
     Messaggi& msg_;
     GasGrid* doc_ = nullptr;  // owned by the central stack; made anew on each open
     QStackedWidget* centro_ = nullptr;

@@ -1,5 +1,8 @@
 #pragma once
 // The technical archives, loaded at start-up from the program's folder and alive until exit.
+// Read-only after loading, except through the archive editors' own operations: what each
+// project swaps in (its fittings table, its limits, the substitutions of unknown names) belongs
+// to the document, and the bill of pipes is a value the calculation returns.
 
 #include <array>
 #include <cstdint>
@@ -25,10 +28,9 @@ struct RigaDiametro {
     float DiamInterno = 0;  // mm
     float VelocitaLimite = 0;
     float PortataLimite = 0;
-    float DiamEsterno = 0;      // mm, derived
-    float PesoMetro = 0;        // kg/m, derived
-    float Sezione = 0;          // derived
-    float LunghezzaTotale = 0;  // m, bill of pipes
+    float DiamEsterno = 0;  // mm, derived
+    float PesoMetro = 0;    // kg/m, derived
+    float Sezione = 0;      // derived
 };
 
 constexpr int MAX_MATERIALI = 50;
@@ -39,33 +41,9 @@ struct MaterialeTubo {
     int16_t TipoFormula = 0;  // 1 Acciaio, 2 Rame, 3 Plastica
     float PesoSpecifico = 0;  // kg/m3
     std::string Descrizione;
-    float Totalizzato = 0;
-    float PesoTotale = 0;                                            // kg, bill of pipes
     std::vector<RigaDiametro> Righe = std::vector<RigaDiametro>(1);  // 1-based; [0] unused
 
     int16_t NumRighe() const { return static_cast<int16_t>(Righe.size() - 1); }
-};
-
-// ---- Fittings ----
-struct TipoSpeciale {
-    std::string Nome;
-    float Lunghezza[4][5] = {};  // [family 0..3][class 1..4]; family 0 and class 0 stay 0
-};
-
-// ---- Pressure-drop limits (PDCMAX_*.CFG) ----
-struct TabellaPdc {
-    std::string NomeFilePdc;
-    float SogliaPotenza = 0;  // kW
-    float PdcMax[3][4] = {};  // [band 1..2][family 1..3], Pa
-};
-
-// ---- Substitutions of unknown names, kept for the session (kind 1 materials, 2 gases) ----
-struct Sostituzioni {
-    struct Coppia {
-        std::string nome;
-        int indice;
-    };
-    std::array<std::vector<Coppia>, 3> liste;
 };
 
 struct Archivi {
@@ -73,12 +51,8 @@ struct Archivi {
     std::vector<GasRecord> Gas = std::vector<GasRecord>(1);                // 1-based; [0] stays empty
     std::array<ParFamGas, 4> ParFam{};                                     // [family 1..3]
     std::vector<MaterialeTubo> Materiali = std::vector<MaterialeTubo>(1);  // 1-based
-    float PesoTotaleAcciaio = 0;                                           // kg of steel pipes in the bill
-    std::array<TipoSpeciale, 11> Speciali{};                               // [kind 1..10]
-    TabellaPdc Pdc;
     TestiDefault Default;
     TabellaColonne Colonne;
-    Sostituzioni Equiv;
 
     int16_t NumGas() const { return static_cast<int16_t>(Gas.size() - 1); }
     int16_t NumMateriali() const { return static_cast<int16_t>(Materiali.size() - 1); }

@@ -157,14 +157,8 @@ bool EditorGas::Cancella(const GasRecord& gasCorrente, Messaggi& msg) {
     a_.Gas[static_cast<size_t>(cancellato)].Cancellato = FALSO;
     if (!scritto) return false;
     CaricaGas(a_, msg);
-    // The gases chosen for unknown names of the project follow the table: the deleted one is
-    // asked about again, those after it move up one place.
-    auto& scelte = a_.Equiv.liste[2];
-    scelte.erase(std::remove_if(scelte.begin(), scelte.end(),
-                                [cancellato](const Sostituzioni::Coppia& c) { return c.indice == cancellato; }),
-                 scelte.end());
-    for (auto& c : scelte)
-        if (c.indice > cancellato) --c.indice;
+    // The gases chosen for unknown names of the project follow the table (DopoGestioneGas).
+    cancellati_.push_back(cancellato);
     // Gases added and not saved aren't in the file, so the new reading has dropped them.
     nuovi_.clear();
     Mostra(std::min(cancellato, static_cast<int>(a_.NumGas())));
@@ -191,7 +185,21 @@ void EditorGas::Chiudi() {
     indice_ = std::min(indice_, static_cast<int>(a_.NumGas()));
 }
 
-bool DopoGestioneGas(Documento& d, const Archivi& a, const std::set<std::string>& salvati, Messaggi& msg) {
+void RinumeraSostituzioniGas(Sostituzioni& e, const std::vector<int>& cancellati) {
+    // The deleted gas is asked about again, those after it move up one place.
+    auto& scelte = e.liste[2];
+    for (const int cancellato : cancellati) {
+        scelte.erase(std::remove_if(scelte.begin(), scelte.end(),
+                                    [cancellato](const Sostituzioni::Coppia& c) { return c.indice == cancellato; }),
+                     scelte.end());
+        for (auto& c : scelte)
+            if (c.indice > cancellato) --c.indice;
+    }
+}
+
+bool DopoGestioneGas(Documento& d, const Archivi& a, const std::set<std::string>& salvati, Messaggi& msg,
+                     const std::vector<int>& cancellati) {
+    RinumeraSostituzioniGas(d.Equiv, cancellati);
     bool sostituito = false;
     const std::string corrente = Maiuscolo(Trim(d.GasCorrente.Nome));
     if (salvati.count(corrente) != 0) {

@@ -68,6 +68,9 @@ public:
 
     // Names (upper case) of the gases saved while the editor was open.
     const std::set<std::string>& Salvati() const { return salvati_; }
+    // The positions of the gases deleted, in the order they went (each counted in the table as
+    // it was at that moment).
+    const std::vector<int>& Cancellati() const { return cancellati_; }
 
 private:
     bool Scrivi(Messaggi& msg);
@@ -78,6 +81,7 @@ private:
     TestiGas mostrati_;
     bool modificato_ = false;
     std::set<std::string> salvati_;
+    std::vector<int> cancellati_;
     std::set<int> nuovi_;  // gases added by "Nuovo" and not saved since
 };
 
@@ -85,7 +89,10 @@ private:
 // GasCorrente takes it again and the limit DpMax goes back to automatic (0); an internal
 // installation whose gas doesn't burn gets its message. The project is marked modified.
 // True when GasCorrente was replaced.
-bool DopoGestioneGas(Documento& d, const Archivi& a, const std::set<std::string>& salvati, Messaggi& msg);
+bool DopoGestioneGas(Documento& d, const Archivi& a, const std::set<std::string>& salvati, Messaggi& msg,
+                     const std::vector<int>& cancellati = {});
+// The substitutions the project chose among the gases follow deletions from the table.
+void RinumeraSostituzioniGas(Sostituzioni& e, const std::vector<int>& cancellati);
 
 // ---- Pipe-material editor ----
 

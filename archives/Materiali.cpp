@@ -124,29 +124,6 @@ void CalcolaDerivati(Archivi& a) {
     }
 }
 
-void AzzeraComputo(Archivi& a) {
-    for (size_t i = 1; i < a.Materiali.size(); ++i) {
-        MaterialeTubo& m = a.Materiali[i];
-        for (size_t r = 1; r < m.Righe.size(); ++r) m.Righe[r].LunghezzaTotale = 0;
-        m.Totalizzato = 0;
-        m.PesoTotale = 0;
-    }
-    a.PesoTotaleAcciaio = 0;
-}
-
-void AggiungiComputo(Archivi& a, int materiale, int riga, float lunghezza) {
-    if (lunghezza == 0 || materiale <= 0 || riga <= 0) return;
-    if (!a.HaMateriale(materiale)) return;
-    MaterialeTubo& m = a.Materiali[static_cast<size_t>(materiale)];
-    if (riga > m.NumRighe()) return;
-    RigaDiametro& r = m.Righe[static_cast<size_t>(riga)];
-    r.LunghezzaTotale = static_cast<float>(static_cast<double>(r.LunghezzaTotale) + lunghezza);
-    const double peso = static_cast<double>(r.PesoMetro) * lunghezza;
-    m.PesoTotale = static_cast<float>(m.PesoTotale + peso);
-    m.Totalizzato = -1;
-    if (m.TipoFormula == 1) a.PesoTotaleAcciaio = static_cast<float>(a.PesoTotaleAcciaio + peso);
-}
-
 int IndiceMateriale(const Archivi& a, const std::string& nome) {
     const std::string cercato = Trim(nome);
     for (int i = 1; i <= a.NumMateriali(); ++i)
@@ -182,32 +159,32 @@ std::string NomeDaPercorso(const std::string& percorso) {
 
 // ---- Substitution of names a project uses and the archive lacks ----
 
-int SearchEquiv(const Archivi& a, const std::string& nome, int tipo) {
+int SearchEquiv(const Sostituzioni& e, const std::string& nome, int tipo) {
     if (tipo < 1 || tipo > 2) return 0;
     const std::string cercato = Maiuscolo(Trim(nome));
-    for (const auto& c : a.Equiv.liste[static_cast<size_t>(tipo)])
+    for (const auto& c : e.liste[static_cast<size_t>(tipo)])
         if (Maiuscolo(c.nome) == cercato) return c.indice;
     return 0;
 }
 
-void AddEquiv(Archivi& a, const std::string& nome, int tipo, int indice) {
+void AddEquiv(Sostituzioni& e, const std::string& nome, int tipo, int indice) {
     if (tipo < 1 || tipo > 2) return;
-    a.Equiv.liste[static_cast<size_t>(tipo)].push_back({Trim(nome), indice});
+    e.liste[static_cast<size_t>(tipo)].push_back({Trim(nome), indice});
 }
 
-int Substitute(Archivi& a, const std::string& nome, int tipo, Messaggi& msg) {
+int Substitute(Sostituzioni& e, const Archivi& a, const std::string& nome, int tipo, Messaggi& msg) {
     if (Trim(nome).empty() || tipo < 1 || tipo > 2) return 0;
     // Each unknown name is asked about once per session.
-    if (const int noto = SearchEquiv(a, nome, tipo); noto > 0) return noto;
+    if (const int noto = SearchEquiv(e, nome, tipo); noto > 0) return noto;
     const std::vector<std::string> elenco = tipo == 1 ? a.NomiMateriali() : a.NomiGas();
     const int scelta = msg.ScegliSostituto(nome, tipo, elenco);
     if (scelta < 1 || scelta > static_cast<int>(elenco.size())) return 0;
-    AddEquiv(a, nome, tipo, scelta);
+    AddEquiv(e, nome, tipo, scelta);
     return scelta;
 }
 
-void Reset(Archivi& a) {
-    for (auto& l : a.Equiv.liste) l.clear();
+void Reset(Sostituzioni& e) {
+    for (auto& l : e.liste) l.clear();
 }
 
 }  // namespace fornax

@@ -16,8 +16,6 @@ bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg);
 void CalcolaDerivati(Archivi& a);
 // Weight per metre and section of one row from its outer and inner diameters.
 void DerivaRiga(RigaDiametro& riga, float pesoSpecifico);
-void AzzeraComputo(Archivi& a);
-void AggiungiComputo(Archivi& a, int materiale, int riga, float lunghezza);
 int IndiceMateriale(const Archivi& a, const std::string& nome);  // exact after trimming
 int IndiceRiga(const Archivi& a, int materiale, const std::string& dn);
 float DiametroInterno(const Archivi& a, int materiale, const std::string& dn);
@@ -26,9 +24,10 @@ std::string NomeDaPercorso(const std::string& percorso);
 
 // The substitution list of unknown names (kind 1 materials, 2 gases): asks once per name and
 // session through Messaggi::ScegliSostituto; 0 for an empty name or no answer.
-int Substitute(Archivi& a, const std::string& nome, int tipo, Messaggi& msg);
-int SearchEquiv(const Archivi& a, const std::string& nome, int tipo);
-void AddEquiv(Archivi& a, const std::string& nome, int tipo, int indice);
-void Reset(Archivi& a);
+// The list belongs to the document (Documento::Equiv); the names offered come from the archives.
+int Substitute(Sostituzioni& e, const Archivi& a, const std::string& nome, int tipo, Messaggi& msg);
+int SearchEquiv(const Sostituzioni& e, const std::string& nome, int tipo);
+void AddEquiv(Sostituzioni& e, const std::string& nome, int tipo, int indice);
+void Reset(Sostituzioni& e);
 
 }  // namespace fornax

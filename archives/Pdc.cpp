@@ -16,49 +16,48 @@ constexpr float PDC_PREDEFINITE[3][4] = {{0, 0, 0, 0}, {0, 50.0f, 100.0f, 200.0f
 
 }  // namespace
 
-void CaricaPdc(Archivi& a, int32_t normativa, Messaggi& msg) {
-    a.Pdc.NomeFilePdc = normativa == 1 ? "PDCMAX_1992.CFG" : "PDCMAX_2008.CFG";
+void CaricaPdc(TabellaPdc& t, const std::string& cartella, int32_t normativa, Messaggi& msg) {
+    t.NomeFilePdc = normativa == 1 ? "PDCMAX_1992.CFG" : "PDCMAX_2008.CFG";
     FileTesto f;
-    const std::string percorso = TrovaFile(a.Cartella, a.Pdc.NomeFilePdc);
+    const std::string percorso = TrovaFile(cartella, t.NomeFilePdc);
     if (!EsisteFile(percorso) || !f.Apri(percorso)) {
-        msg.Mostra("Non esiste il file PDC '" + a.Pdc.NomeFilePdc + "'", Box::EXCLAMATION);
+        msg.Mostra("Non esiste il file PDC '" + t.NomeFilePdc + "'", Box::EXCLAMATION);
         return;
     }
     // Seven lines, one number each: the threshold, then band by band, family by family.
-    a.Pdc.SogliaPotenza = static_cast<float>(LeggiNumero(f.RigaFisica()));
+    t.SogliaPotenza = static_cast<float>(LeggiNumero(f.RigaFisica()));
     for (size_t fascia = 1; fascia <= 2; ++fascia)
-        for (size_t fam = 1; fam <= 3; ++fam)
-            a.Pdc.PdcMax[fascia][fam] = static_cast<float>(LeggiNumero(f.RigaFisica()));
+        for (size_t fam = 1; fam <= 3; ++fam) t.PdcMax[fascia][fam] = static_cast<float>(LeggiNumero(f.RigaFisica()));
 }
 
-bool SalvaPdc(const Archivi& a, Messaggi& msg) {
+bool SalvaPdc(const TabellaPdc& t, const std::string& cartella, Messaggi& msg) {
     ScrittoreTesto w;
-    w.Riga(NumeroFile(a.Pdc.SogliaPotenza));
+    w.Riga(NumeroFile(t.SogliaPotenza));
     for (size_t fascia = 1; fascia <= 2; ++fascia)
-        for (size_t fam = 1; fam <= 3; ++fam) w.Riga(NumeroFile(a.Pdc.PdcMax[fascia][fam]));
-    const std::string nome = a.Pdc.NomeFilePdc.empty() ? std::string("PDCMAX_2008.CFG") : a.Pdc.NomeFilePdc;
-    return w.SalvaOAvvisa(TrovaFile(a.Cartella, nome), msg);
+        for (size_t fam = 1; fam <= 3; ++fam) w.Riga(NumeroFile(t.PdcMax[fascia][fam]));
+    const std::string nome = t.NomeFilePdc.empty() ? std::string("PDCMAX_2008.CFG") : t.NomeFilePdc;
+    return w.SalvaOAvvisa(TrovaFile(cartella, nome), msg);
 }
 
-void VerificaDefaultPdc(Archivi& a) {
-    if (!(a.Pdc.SogliaPotenza > 0)) a.Pdc.SogliaPotenza = SOGLIA_PREDEFINITA;
+void VerificaDefaultPdc(TabellaPdc& t) {
+    if (!(t.SogliaPotenza > 0)) t.SogliaPotenza = SOGLIA_PREDEFINITA;
     for (size_t fascia = 1; fascia <= 2; ++fascia)
         for (size_t fam = 1; fam <= 3; ++fam)
-            if (!(a.Pdc.PdcMax[fascia][fam] > 0)) a.Pdc.PdcMax[fascia][fam] = PDC_PREDEFINITE[fascia][fam];
+            if (!(t.PdcMax[fascia][fam] > 0)) t.PdcMax[fascia][fam] = PDC_PREDEFINITE[fascia][fam];
 }
 
-float LimitePdc(const Archivi& a, const Documento& d) {
+float LimitePdc(const Documento& d) {
     if (d.DpMax > 0) return static_cast<float>(d.DpMax);
     // Section 1 carries the whole flow, so this is the power of the installation in kW.
     const float potenza = static_cast<float>(static_cast<double>(d.GasCorrente.Pci) * d.T(1).ID_P_TRONCO / 3.6);
     const int fam = d.GasCorrente.Famiglia;
     if (fam < 0 || fam > 3) return 0;
-    const size_t fascia = potenza > a.Pdc.SogliaPotenza ? 2 : 1;
-    return a.Pdc.PdcMax[fascia][static_cast<size_t>(fam)];
+    const size_t fascia = potenza > d.Pdc.SogliaPotenza ? 2 : 1;
+    return d.Pdc.PdcMax[fascia][static_cast<size_t>(fam)];
 }
 
-bool LimitiRispettati(const Archivi& a, const Documento& d) {
-    const float limite = LimitePdc(a, d);
+bool LimitiRispettati(const Documento& d) {
+    const float limite = LimitePdc(d);
     for (int i = 1; i <= d.NumTronchi(); ++i)
         if (d.T(i).ID_PDC_PERCORSO > limite) return false;
     return true;

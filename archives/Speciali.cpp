@@ -28,18 +28,18 @@ bool TipoValido(int tipo) { return tipo >= 1 && tipo <= 10; }
 
 }  // namespace
 
-void CaricaSpecialiInterni(Archivi& a) {
+void CaricaSpecialiInterni(TabellaSpeciali& tabella) {
     for (size_t k = 0; k < 4; ++k) {
-        TipoSpeciale& t = a.Speciali[k + 1];
+        TipoSpeciale& t = tabella[k + 1];
         t.Nome = TABELLA_INTERNA[k].nome;
         for (size_t fam = 1; fam <= 3; ++fam)
             for (size_t cl = 1; cl <= 4; ++cl) t.Lunghezza[fam][cl] = TABELLA_INTERNA[k].lunghezza[fam - 1][cl - 1];
     }
 }
 
-bool CaricaSpecialiPressione(Archivi& a, Messaggi& msg) {
+bool CaricaSpecialiPressione(TabellaSpeciali& tabella, const std::string& cartella, Messaggi& msg) {
     FileTesto f;
-    const std::string percorso = TrovaFile(a.Cartella, "EQLEN.CFG");
+    const std::string percorso = TrovaFile(cartella, "EQLEN.CFG");
     if (!EsisteFile(percorso) || !f.Apri(percorso)) {
         msg.Mostra("Il file eqlen.cfg non e' presente nel disco. Reinstallare il programma.", Box::CRITICAL);
         return false;
@@ -50,26 +50,26 @@ bool CaricaSpecialiPressione(Archivi& a, Messaggi& msg) {
         if (ultimo != 3) msg.Mostra("Errore nel file EQLEN.CFG", Box::EXCLAMATION);
         // A short line keeps what it has: missing numbers read 0.
         campi.resize(4);
-        TipoSpeciale& t = a.Speciali[tipo];
+        TipoSpeciale& t = tabella[tipo];
         t.Nome = campi[0];
         for (size_t cl = 1; cl <= 3; ++cl) t.Lunghezza[1][cl] = static_cast<float>(LeggiNumero(campi[cl]));
     }
     return true;
 }
 
-bool SalvaSpeciali(Archivi& a, Messaggi& msg) {
+bool SalvaSpeciali(TabellaSpeciali& tabella, const std::string& cartella, Messaggi& msg) {
     ScrittoreTesto w;
     for (size_t tipo = 1; tipo <= 10; ++tipo) {
-        TipoSpeciale& t = a.Speciali[tipo];
+        TipoSpeciale& t = tabella[tipo];
         // A line can't hold an empty field: a kind without a name is written, and kept, as "-".
         if (t.Nome.empty()) t.Nome = "-";
         w.Riga(t.Nome + "\t" + NumeroFile(t.Lunghezza[1][1]) + "\t" + NumeroFile(t.Lunghezza[1][2]) + "\t" +
                NumeroFile(t.Lunghezza[1][3]));
     }
-    return w.SalvaOAvvisa(TrovaFile(a.Cartella, "EQLEN.CFG"), msg);
+    return w.SalvaOAvvisa(TrovaFile(cartella, "EQLEN.CFG"), msg);
 }
 
-float LunghezzaInterna(const Archivi& a, int tipo, float diametro, int famiglia) {
+float LunghezzaInterna(const TabellaSpeciali& t, int tipo, float diametro, int famiglia) {
     if (!TipoValido(tipo) || famiglia < 0 || famiglia > 3) return 0;
     size_t classe = 4;
     if (diametro <= 22.3)
@@ -78,17 +78,17 @@ float LunghezzaInterna(const Archivi& a, int tipo, float diametro, int famiglia)
         classe = 2;
     else if (diametro <= 81.7)
         classe = 3;
-    return a.Speciali[static_cast<size_t>(tipo)].Lunghezza[famiglia][classe];
+    return t[static_cast<size_t>(tipo)].Lunghezza[famiglia][classe];
 }
 
-float LunghezzaPressione(const Archivi& a, int tipo, float diametro) {
+float LunghezzaPressione(const TabellaSpeciali& t, int tipo, float diametro) {
     if (!TipoValido(tipo)) return 0;
     size_t classe = 2;
     if (diametro <= 50.0)
         classe = 1;
     else if (diametro > 125.0)
         classe = 3;
-    return a.Speciali[static_cast<size_t>(tipo)].Lunghezza[1][classe];
+    return t[static_cast<size_t>(tipo)].Lunghezza[1][classe];
 }
 
 }  // namespace fornax

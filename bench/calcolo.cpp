@@ -8,7 +8,7 @@
 
 #include "calc/Calcolo.h"
 #include "core/ServiziProva.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 
 using namespace fornax;
 

@@ -45,7 +45,6 @@ void Motore::ReteInterna() {
     } while (RiduciDiametri(1) > 0);
     AccumulaPerdite(1, 0.0f);
     AggiornaVelocita();
-    d_.ReteModificata = VERO;
 }
 
 void Motore::RetePressione() {
@@ -67,7 +66,6 @@ void Motore::RetePressione() {
     static_assert(!kOttimizzaDiametri, "the narrowing sweep of pressure networks is not part of a run");
     AggiornaVelocita();
     PropagaErrori(1);
-    d_.ReteModificata = VERO;
 }
 
 void Motore::AggiornaVelocita() {

@@ -9,6 +9,7 @@
 // PressioneTesta, and raises the running maxima MaxLenPercorso and MaxPdcPercorso.
 // Results never raise messages: a negative drop is the failure value. The one message of a
 // run is "Portata nel tronco N non compatibile", for a junction that carries a consumer's flow.
+// A run is not an edit: it leaves ReteModificata as it was (an edit marks it).
 
 #include <array>
 #include <cstdint>

@@ -76,7 +76,7 @@ void Motore::DimensionaPercorso(int k, float lunghezza) {
     int padre = 0;
     const int n = Catena(k, catena, padre);
 
-    double perditaDisponibile = LimitePdc(a_, d_);
+    double perditaDisponibile = LimitePdc(d_);
     double perditaAccumulata = 0.0;
     double residua = lunghezza;
     if (padre != 0) {
@@ -143,8 +143,7 @@ void Motore::DimensionaRestanti() {
     for (int i = 1; i <= N(); ++i) {
         if (R(i).Dimensionato != FALSO) continue;
         const int padre = Collegamento(T(i).ID_PREV);
-        const double disponibile =
-            static_cast<double>(LimitePdc(a_, d_)) - static_cast<double>(R(padre).PerditaCumulata);
+        const double disponibile = static_cast<double>(LimitePdc(d_)) - static_cast<double>(R(padre).PerditaCumulata);
         DimensionaTronco(i, disponibile, T(i).ID_EQ_LEN);
     }
 }
@@ -182,7 +181,7 @@ int Motore::RiduciDa(int i) {
             cambiati = 1;
             ++s_.Riduzione.prove;
             ImpostaRiga(i, riga - 1);
-            if (!LimitiRispettati(a_, d_)) {
+            if (!LimitiRispettati(d_)) {
                 cambiati = 0;
                 ImpostaRiga(i, riga);
             } else {

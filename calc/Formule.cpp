@@ -192,10 +192,10 @@ void CalcolaLunghezzaEquivalente(Documento& d, const Archivi& a, int modo, int s
     const int famiglia = d.GasCorrente.Famiglia;
     // Bends are kind 1, elbows kind 3, T fittings kind 2, taps kind 4.
     const double somma = static_cast<double>(t.ID_LEN) +
-                         t.ID_NCURVE * static_cast<double>(LunghezzaInterna(a, 1, diametro, famiglia)) +
-                         t.ID_NGOMITI * static_cast<double>(LunghezzaInterna(a, 3, diametro, famiglia)) +
-                         t.ID_NRACCORDI * static_cast<double>(LunghezzaInterna(a, 2, diametro, famiglia)) +
-                         t.ID_NRUBINETTI * static_cast<double>(LunghezzaInterna(a, 4, diametro, famiglia)) +
+                         t.ID_NCURVE * static_cast<double>(LunghezzaInterna(d.Speciali, 1, diametro, famiglia)) +
+                         t.ID_NGOMITI * static_cast<double>(LunghezzaInterna(d.Speciali, 3, diametro, famiglia)) +
+                         t.ID_NRACCORDI * static_cast<double>(LunghezzaInterna(d.Speciali, 2, diametro, famiglia)) +
+                         t.ID_NRUBINETTI * static_cast<double>(LunghezzaInterna(d.Speciali, 4, diametro, famiglia)) +
                          static_cast<double>(t.ID_EQLENNOTA);
     t.ID_EQ_LEN = static_cast<float>(somma);
 }
@@ -209,8 +209,9 @@ void CalcolaLunghezzaEquivalentePressione(Documento& d, const Archivi& a, int mo
     const float diametro = modo == 1 ? DiametroTronco(a, t) : 200.0f;
     // Each partial sum is kept in the single-precision field.
     auto aggiungi = [&](int conteggio, int tipo) {
-        t.ID_EQ_LEN = static_cast<float>(static_cast<double>(t.ID_EQ_LEN) +
-                                         conteggio * static_cast<double>(LunghezzaPressione(a, tipo, diametro)));
+        t.ID_EQ_LEN =
+            static_cast<float>(static_cast<double>(t.ID_EQ_LEN) +
+                               conteggio * static_cast<double>(LunghezzaPressione(d.Speciali, tipo, diametro)));
     };
     t.ID_EQ_LEN = t.ID_LEN;
     aggiungi(t.ID_NCURVE, 1);

@@ -81,15 +81,14 @@ std::string TestoJson(const std::string& s) {
     return out + "\"";
 }
 
-std::string RisultatiJson(const Documento& d, Archivi& a) {
-    AzzeraComputo(a);
-    CalcolaComputo(d, a, 1);
+std::string RisultatiJson(const Documento& d, const Archivi& a) {
+    const ComputoTubi computo = CalcolaComputo(d, a, 1);
 
     Scrittore w;
     w.Apri("", '{');
     w.Chiave("ReteInPressione", Booleano(d.ReteInPressione));
     w.Chiave("Normativa", std::to_string(d.Normativa));
-    w.Chiave("LimitePdc", NumeroJson(LimitePdc(a, d)));
+    w.Chiave("LimitePdc", NumeroJson(LimitePdc(d)));
     w.Chiave("MaxPdcPercorso", NumeroJson(d.MaxPdcPercorso));
     w.Chiave("MaxLenPercorso", NumeroJson(d.MaxLenPercorso));
 
@@ -122,31 +121,32 @@ std::string RisultatiJson(const Documento& d, Archivi& a) {
 
     std::vector<int> materiali;
     for (int m = 1; m <= a.NumMateriali(); ++m) {
-        if (a.Materiali[static_cast<size_t>(m)].Totalizzato != 0) materiali.push_back(m);
+        if (computo.Materiali[static_cast<size_t>(m)].Totalizzato != 0) materiali.push_back(m);
     }
     w.Apri("\"Computo\": ", '[');
     for (size_t k = 0; k < materiali.size(); ++k) {
         const MaterialeTubo& m = a.Materiali[static_cast<size_t>(materiali[k])];
+        const ComputoTubi::Materiale& tot = computo.Materiali[static_cast<size_t>(materiali[k])];
         w.Apri("", '{');
         w.Chiave("Materiale", TestoJson(m.Nome));
-        w.Chiave("PesoTotale", NumeroJson(m.PesoTotale));
+        w.Chiave("PesoTotale", NumeroJson(tot.PesoTotale));
         std::vector<int> righe;
         for (int r = 1; r <= m.NumRighe(); ++r) {
-            if (m.Righe[static_cast<size_t>(r)].LunghezzaTotale != 0) righe.push_back(r);
+            if (tot.LunghezzaTotale[static_cast<size_t>(r)] != 0) righe.push_back(r);
         }
         w.Apri("\"Righe\": ", '[');
         for (size_t j = 0; j < righe.size(); ++j) {
             const RigaDiametro& r = m.Righe[static_cast<size_t>(righe[j])];
             w.Apri("", '{');
             w.Chiave("DN", TestoJson(r.DN));
-            w.Chiave("LunghezzaTotale", NumeroJson(r.LunghezzaTotale), true);
+            w.Chiave("LunghezzaTotale", NumeroJson(tot.LunghezzaTotale[static_cast<size_t>(righe[j])]), true);
             w.Chiudi('}', j + 1 == righe.size());
         }
         w.Chiudi(']', true);
         w.Chiudi('}', k + 1 == materiali.size());
     }
     w.Chiudi(']', false);
-    w.Chiave("PesoTotaleAcciaio", NumeroJson(a.PesoTotaleAcciaio));
+    w.Chiave("PesoTotaleAcciaio", NumeroJson(computo.PesoTotaleAcciaio));
     w.Chiave("VolumeTubazioni", NumeroJson(VolumeTubazioni(d, a)), true);
     w.Chiudi('}', true);
     return w.Testo();

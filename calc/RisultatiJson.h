@@ -14,7 +14,7 @@ namespace fornax {
 // the project's kind, the limit, the running maxima, one entry for every record
 // 1..NumTronchi, the least favourable path, the bill (the materials and rows with a length)
 // and the capacity of the pipes.
-std::string RisultatiJson(const Documento& d, Archivi& a);
+std::string RisultatiJson(const Documento& d, const Archivi& a);
 
 // A number as JSON: the shortest text of its own width; null when not finite.
 std::string NumeroJson(float v);

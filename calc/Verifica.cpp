@@ -26,12 +26,12 @@ std::vector<int16_t> PercorsoSfavorito(const Documento& d) {
     return percorso;
 }
 
-double LimiteIntero(const Archivi& a, const Documento& d) { return std::trunc(static_cast<double>(LimitePdc(a, d))); }
+double LimiteIntero(const Documento& d) { return std::trunc(static_cast<double>(LimitePdc(d))); }
 
 Verdetti VerificaTronco(const Archivi& a, const Documento& d, int sezione) {
     const Tronco& t = d.T(sezione);
     const bool pressione = d.ReteInPressione != 0;
-    const float limite = LimitePdc(a, d);
+    const float limite = LimitePdc(d);
     Verdetti v;
     v.velocitaOltre = pressione && t.ID_VELOCITA > d.VelocitaMassima;
     v.perditaFallita = t.ID_PDC_TRONCO < 0;

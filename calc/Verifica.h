@@ -19,7 +19,7 @@ std::vector<int16_t> PercorsoSfavorito(const Documento& d);
 
 // The limit an internal installation is checked against in the grid: the whole part of
 // LimitePdc() (truncated toward zero).
-double LimiteIntero(const Archivi& a, const Documento& d);
+double LimiteIntero(const Documento& d);
 
 // What the views mark on one section. `true` means the result fails its test.
 struct Verdetti {

@@ -4,8 +4,6 @@
 
 #include "core/Numeri.h"
 #include "core/Testo.h"
-#include "documento/Progetto.h"
-#include "documento/Sessione.h"
 
 namespace fornax::cli {
 
@@ -67,11 +65,11 @@ EsitoCaricamento CaricaPerCli(const ContestoCli& ctx, const std::vector<std::str
         return e;
     }
     AvanzamentoNullo av;
-    if (!CaricaArchivi(p->a, p->d, ctx.cartellaDati, av, p->msg, colonneObbligatorie)) {
+    if (!CaricaArchivi(p->s, ctx.cartellaDati, av, p->msg, colonneObbligatorie)) {
         e.esito = ESITO_PROGETTO;
         return e;
     }
-    if (!LeggiProgetto(p->d, p->a, progetto, p->msg, av) || p->msg.domandaSenzaRisposta) {
+    if (!ApriProgetto(p->s, progetto, p->msg, av) || p->msg.domandaSenzaRisposta) {
         e.esito = ESITO_PROGETTO;
         return e;
     }

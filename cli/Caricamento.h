@@ -1,6 +1,7 @@
 #pragma once
 // Loading a project for a command: the archives of the program's folder in the start-up order,
-// then the project, with the desktop's messages written to standard error.
+// then the project opened by the session as the desktop opens it (the leak-test page filled),
+// with the desktop's messages written to standard error.
 
 #include <functional>
 #include <map>
@@ -11,7 +12,9 @@
 #include "archives/Archivi.h"
 #include "cli/Comandi.h"
 #include "core/Documento.h"
+#include "core/ImpostazioniFile.h"
 #include "core/Servizi.h"
+#include "sessione/Sessione.h"
 
 namespace fornax::cli {
 
@@ -26,9 +29,13 @@ public:
     int ScegliSostituto(const std::string& nome, int tipo, const std::vector<std::string>& elenco) override;
 };
 
+// A command works on one session, as the desktop does: opened, saved, calculated and printed
+// through the same operations.
 struct ProgettoCli {
     Archivi a;
-    Documento d;
+    ImpostazioniFile imp;
+    Sessione s{a, imp};
+    Documento& d = s.d;
     MessaggiCli msg;
 };
 

@@ -8,8 +8,6 @@
 #include "cli/Caricamento.h"
 #include "cli/Tabella.h"
 #include "core/Numeri.h"
-#include "documento/Progetto.h"
-#include "leaktest/AperturaTenuta.h"
 
 namespace fornax::cli {
 
@@ -38,7 +36,7 @@ void StampaParametri(std::ostream& out, const ProgettoCli& p) {
             << "Pressione iniziale:  " << FormattaNumero(d.PressioneIniziale, "##0.0#") << " kPa\n"
             << "Pressione finale:    " << FormattaNumero(d.PressioneFinale, "##0.0#") << " kPa\n";
     } else {
-        out << "Perdita massima:     " << FormattaNumero(LimitePdc(p.a, d), "##0.0#") << " Pa"
+        out << "Perdita massima:     " << FormattaNumero(LimitePdc(d), "##0.0#") << " Pa"
             << (d.DpMax > 0 ? "" : " (automatica)") << "\n";
     }
     out << "Tronchi:             " << d.NumTronchi() << "\n";
@@ -109,10 +107,10 @@ int Save(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     });
     if (!e.p) return e.esito;
     ProgettoCli& p = *e.p;
-    // As on the desktop, the leak-test page has been filled when the project was opened.
-    StatoPaginaTenuta pagina;
-    ApriPaginaTenuta(p.d, p.a, pagina, p.msg);
-    return ScriviProgetto(p.d, p.a, e.argomenti.front(), p.msg) ? ESITO_OK : ESITO_PROGETTO;
+    // The desktop shows an opened project calculated (its document window runs the calculation
+    // once as it fills the grid), and saves it so: the command saves what the desktop would.
+    Ricalcola(p.s, p.msg);
+    return SalvaProgetto(p.s, e.argomenti.front(), p.msg) ? ESITO_OK : ESITO_PROGETTO;
 }
 
 const bool registratoInfo =

@@ -79,7 +79,7 @@ void StampaRisultati(std::ostream& out, const Documento& d, const Archivi& a) {
             << "Pressione finale:    " << FormattaNumero(d.PressioneFinale, "##0.0#") << " kPa\n"
             << "Velocita' massima:   " << FormattaNumero(d.VelocitaMassima, "##0.0#") << " m/s\n";
     } else {
-        out << "Perdita massima:     " << FormattaNumero(LimitePdc(a, d), "##0.0#") << " Pa"
+        out << "Perdita massima:     " << FormattaNumero(LimitePdc(d), "##0.0#") << " Pa"
             << (d.DpMax > 0 ? "" : " (automatica)") << "\n";
     }
     const std::vector<int16_t> percorso = PercorsoSfavorito(d);
@@ -93,23 +93,24 @@ void StampaRisultati(std::ostream& out, const Documento& d, const Archivi& a) {
     }
 }
 
-void StampaComputo(std::ostream& out, Archivi& a, const Documento& d) {
-    AzzeraComputo(a);
-    CalcolaComputo(d, a, 1);
+void StampaComputo(std::ostream& out, const Archivi& a, const Documento& d) {
+    const ComputoTubi computo = CalcolaComputo(d, a, 1);
     out << "\nComputo delle tubazioni\n";
     Tabella t({{"Materiale", -12}, {"DN", -10}, {"Lunghezza", 10}, {"Peso", 10}});
     out << t.Intestazione();
     for (int m = 1; m <= a.NumMateriali(); ++m) {
         const MaterialeTubo& mat = a.Materiali[static_cast<size_t>(m)];
-        if (mat.Totalizzato == 0) continue;
+        const ComputoTubi::Materiale& tot = computo.Materiali[static_cast<size_t>(m)];
+        if (tot.Totalizzato == 0) continue;
         for (int r = 1; r <= mat.NumRighe(); ++r) {
-            const RigaDiametro& riga = mat.Righe[static_cast<size_t>(r)];
-            if (riga.LunghezzaTotale == 0) continue;
-            out << t.Riga({mat.Nome, riga.DN, FormattaNumero(riga.LunghezzaTotale, "##0.00") + " m", ""});
+            const float lunghezza = tot.LunghezzaTotale[static_cast<size_t>(r)];
+            if (lunghezza == 0) continue;
+            out << t.Riga(
+                {mat.Nome, mat.Righe[static_cast<size_t>(r)].DN, FormattaNumero(lunghezza, "##0.00") + " m", ""});
         }
-        out << t.Riga({mat.Nome, "totale", "", FormattaNumero(mat.PesoTotale, "##0.00") + " kg"});
+        out << t.Riga({mat.Nome, "totale", "", FormattaNumero(tot.PesoTotale, "##0.00") + " kg"});
     }
-    out << "Peso totale acciaio: " << FormattaNumero(a.PesoTotaleAcciaio, "##0.00") << " kg\n"
+    out << "Peso totale acciaio: " << FormattaNumero(computo.PesoTotaleAcciaio, "##0.00") << " kg\n"
         << "Capacita' delle tubazioni: " << FormattaNumero(VolumeTubazioni(d, a) / 1000.0, "##0.0") << " litri\n";
 }
 
@@ -122,7 +123,7 @@ int Calc(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     if (!e.p) return e.esito;
     ProgettoCli& p = *e.p;
     // The project as stored, speed and pressures included, calculated once.
-    CalcolaRete(p.d, p.a, p.msg);
+    Ricalcola(p.s, p.msg);
     StampaRisultati(std::cout, p.d, p.a);
     StampaComputo(std::cout, p.a, p.d);
     if (e.argomenti.size() == 2) {

@@ -9,8 +9,8 @@
 #include "cli/Comandi.h"
 #include "core/ImpostazioniFile.h"
 #include "core/Servizi.h"
-#include "documento/Sessione.h"
 #include "housekeeping/Copia.h"
+#include "sessione/Sessione.h"
 
 namespace fornax::cli {
 

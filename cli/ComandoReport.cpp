@@ -9,7 +9,6 @@
 #include "core/Cartelle.h"
 #include "core/ImpostazioniFile.h"
 #include "core/Servizi.h"
-#include "leaktest/AperturaTenuta.h"
 #include "reports/Stampa.h"
 
 namespace fornax::cli {
@@ -111,20 +110,15 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
         return ESITO_USO;
     }
     ProgettoCli& p = *e.p;
-    // As on the desktop, the leak-test page has been filled when the project was opened.
-    StatoPaginaTenuta pagina;
-    ApriPaginaTenuta(p.d, p.a, pagina, p.msg);
-
-    const ImpostazioniFile impostazioni;
-    o.DittaRiga1 = impostazioni.Leggi("Ditta", "Riga1");
-    o.DittaRiga2 = impostazioni.Leggi("Ditta", "Riga2");
+    // The leak-test page has been filled when the project was opened, as on the desktop.
+    o.DittaRiga1 = p.imp.Leggi("Ditta", "Riga1");
+    o.DittaRiga2 = p.imp.Leggi("Ditta", "Riga2");
     o.DataStampa = r.data.empty() ? Oggi() : r.data;
     o.logo = ControllaLogo(p.a.Cartella, p.msg);
 
     AvanzamentoNullo av;
     const bool html = r.formato == "html";
-    const EsitoStampa esito =
-        html ? PrintHTMLFile(p.d, p.a, o, r.uscita, av, p.msg) : PrintTXTFile(p.d, p.a, o, r.uscita, av, p.msg);
+    const EsitoStampa esito = RelazioneSuFile(p.s, html, o, r.uscita, av, p.msg);
     if (!esito.riuscita) {
         std::cerr << TestoErroreStampa(html ? "Stampa su file HTML." : "Stampa su file TXT.", esito) << "\n";
         return ESITO_PROGETTO;

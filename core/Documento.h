@@ -25,6 +25,37 @@ struct TestiDefault {
     std::string DefaultDpMax = "0";
 };
 
+// ---- The tables each project swaps in ----
+// They are read from the archives' files of the program's folder when a project is opened or
+// made, and follow the project: the fittings table of its kind of network, the pressure-drop
+// limits of its norm edition, and the substitutions chosen for names the archives lack. They
+// live in the document so that the archives stay read-only, a refused file (read into a fresh
+// document) leaves them as the open project had them, and two documents can coexist.
+
+// One fitting kind and its equivalent lengths, m of pipe.
+struct TipoSpeciale {
+    std::string Nome;
+    float Lunghezza[4][5] = {};  // [family 0..3][class 1..4]; family 0 and class 0 stay 0
+};
+using TabellaSpeciali = std::array<TipoSpeciale, 11>;  // [kind 1..10]
+
+// Pressure-drop limits of internal installations (PDCMAX_*.CFG).
+struct TabellaPdc {
+    std::string NomeFilePdc;
+    float SogliaPotenza = 0;  // kW
+    float PdcMax[3][4] = {};  // [band 1..2][family 1..3], Pa
+};
+
+// Substitutions of unknown names (kind 1 materials, 2 gases): each name is asked about once,
+// until the project is closed.
+struct Sostituzioni {
+    struct Coppia {
+        std::string nome;
+        int indice;
+    };
+    std::array<std::vector<Coppia>, 3> liste;
+};
+
 struct Documento {
     // Two slots are kept so that field access keeps its slot selector; everything works on slot 1.
     std::array<Rete, 2> Reti{};
@@ -48,6 +79,10 @@ struct Documento {
     int16_t CaricamentoProgetto = FALSO;
 
     VerificaTenuta Tenuta;
+
+    TabellaSpeciali Speciali{};  // the fittings of the project's kind of network
+    TabellaPdc Pdc;              // the limits of the project's norm edition
+    Sostituzioni Equiv;          // names replaced while the project was read or edited
 
     Rete& rete() { return Reti[1]; }
     const Rete& rete() const { return Reti[1]; }

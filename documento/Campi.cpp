@@ -240,7 +240,7 @@ Valore LeggiCampo(const Documento& d, const Archivi& a, int sezione, int id) {
     }
 }
 
-void ScriviCampo(Documento& d, Archivi& a, int sezione, int id, const Valore& v, Messaggi& msg) {
+void ScriviCampo(Documento& d, const Archivi& a, int sezione, int id, const Valore& v, Messaggi& msg) {
     if (id < 1 || id > 49 || sezione < 0 || sezione > MAX_TRONCHI) return;
     Tronco& t = d.T(sezione);
     if (std::string* s = CampoTesto(t, id)) {
@@ -274,7 +274,7 @@ void ScriviCampo(Documento& d, Archivi& a, int sezione, int id, const Valore& v,
                 return;
             }
             // A material the archive lacks: the user picks a substitute, once per name and session.
-            const int sostituto = Substitute(a, t.ID_MATERIALE, 1, msg);
+            const int sostituto = Substitute(d.Equiv, a, t.ID_MATERIALE, 1, msg);
             t.IndiceMateriale = static_cast<int16_t>(sostituto);
             if (sostituto > 0) t.ID_MATERIALE = a.Materiali[static_cast<size_t>(sostituto)].Nome;
             d.ReteModificata = VERO;

@@ -26,7 +26,7 @@ Valore LeggiCampo(const Documento& d, const Archivi& a, int sezione, int id);
 
 // Stores a value by column; ids outside 1..49 and the read-only ids do nothing. Setting
 // ID_MATERIALE looks the name up and, for a name the archive lacks, runs the substitution list.
-void ScriviCampo(Documento& d, Archivi& a, int sezione, int id, const Valore& v, Messaggi& msg);
+void ScriviCampo(Documento& d, const Archivi& a, int sezione, int id, const Valore& v, Messaggi& msg);
 
 // Reads gridgas.cne of the program's folder into a.Colonne. False when the file is missing.
 bool LeggiColonne(Archivi& a, Messaggi& msg, Avanzamento& av);

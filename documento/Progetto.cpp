@@ -19,7 +19,6 @@ namespace fornax {
 
 namespace {
 
-
 // A parameter line holds no line break; an empty one is written as ".", since the reader
 // passes over blank lines.
 std::string TestoParametro(std::string s) {
@@ -56,7 +55,7 @@ void ControllaCollegamenti(Documento& d) {
 }
 
 // The sections block: one row per record from 0, fields from id 2 on.
-void LeggiTronchi(FileTesto& f, Documento& d, Archivi& a, Messaggi& msg, Avanzamento& av) {
+void LeggiTronchi(FileTesto& f, Documento& d, const Archivi& a, Messaggi& msg, Avanzamento& av) {
     d.SlotCorrente = 1;
     while (!f.Fine() && f.LeggiRiga() != "[") {}
     int riga = -1;
@@ -91,7 +90,7 @@ void LeggiTronchi(FileTesto& f, Documento& d, Archivi& a, Messaggi& msg, Avanzam
 
 }  // namespace
 
-bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg) {
+bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg) {
     ScrittoreTesto w;
     w.Riga(std::string(d.ReteInPressione != 0 ? "FXP" : "FX ") + VERSIONE);
     w.Riga("#");
@@ -101,7 +100,7 @@ bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messa
     w.Riga(TestoParametro(d.DescrizioneLavoro));
     w.Riga(d.GasCorrente.Nome);
     // An automatic limit is stored as the value in force now: it becomes the project's own.
-    w.Riga(d.DpMax > 0 ? NumeroFile(d.DpMax) : NumeroFile(LimitePdc(a, d)));
+    w.Riga(d.DpMax > 0 ? NumeroFile(d.DpMax) : NumeroFile(LimitePdc(d)));
     w.Riga(NumeroFile(static_cast<int32_t>(d.ReteInPressione)));
     w.Riga(NumeroFile(d.VelocitaMassima));
     w.Riga(NumeroFile(d.PressioneIniziale));
@@ -130,7 +129,7 @@ bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messa
     return true;
 }
 
-bool LeggiProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg, Avanzamento& av) {
+bool LeggiProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg, Avanzamento& av) {
     FileTesto f;
     if (!EsisteFile(percorso) || !f.Apri(percorso)) {
         msg.Mostra("Il file selezionato non esiste");
@@ -139,7 +138,7 @@ bool LeggiProgetto(Documento& d, Archivi& a, const std::string& percorso, Messag
     return LeggiProgettoDa(f, d, a, percorso, msg, av);
 }
 
-bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg,
+bool LeggiProgettoDa(FileTesto& f, Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg,
                      Avanzamento& av) {
     d.CaricamentoProgetto = VERO;
     const std::string firma = f.LeggiRiga();
@@ -170,7 +169,7 @@ bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& 
         msg.Mostra(
             "Attenzione! Il gas " + nomeGas + " selezionato non è disponibile, verrà impostato un gas alternativo",
             Box::CRITICAL);
-        gas = Substitute(a, nomeGas, 2, msg);
+        gas = Substitute(d.Equiv, a, nomeGas, 2, msg);
         if (gas < 1 || gas > a.NumGas()) {
             msg.Mostra("Il progetto non puo' essere aperto senza un gas in sostituzione di " + nomeGas + ".",
                        Box::CRITICAL, "Errore");
@@ -194,21 +193,20 @@ bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& 
     }
 
     if (d.ReteInPressione != 0) {
-        if (!CaricaSpecialiPressione(a, msg)) {
+        if (!CaricaSpecialiPressione(d.Speciali, a.Cartella, msg)) {
             d.CaricamentoProgetto = FALSO;
             return false;
         }
     } else {
-        CaricaSpecialiInterni(a);
+        CaricaSpecialiInterni(d.Speciali);
     }
     // The limits follow the project's own norm edition.
-    CaricaPdc(a, d.Normativa, msg);
-    VerificaDefaultPdc(a);
+    CaricaPdc(d.Pdc, a.Cartella, d.Normativa, msg);
+    VerificaDefaultPdc(d.Pdc);
 
     const bool sostituzioni = d.ReteModificata != 0;
     d.NomeFileProgetto = percorso;
     d.ReteModificata = sostituzioni ? VERO : FALSO;
-    CalcolaDerivati(a);
 
     LeggiTronchi(f, d, a, msg, av);
     CaricaTenuta(f, d.Tenuta);

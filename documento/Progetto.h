@@ -4,8 +4,8 @@
 #include <string>
 
 #include "archives/Archivi.h"
-#include "core/Versione.h"
 #include "core/FileTesto.h"
+#include "core/Versione.h"
 
 namespace fornax {
 
@@ -16,13 +16,13 @@ constexpr int VERSIONE_MAGGIORE = 5;
 
 // Writes the project from the document (temporary file and rename). False on failure,
 // with the previous file left untouched.
-bool ScriviProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg);
+bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg);
 
 // Reads a project into the document. False when the file is refused or can't be used
 // (the product's message has been shown); d.CaricamentoProgetto tells the caller as well.
-bool LeggiProgetto(Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg, Avanzamento& av);
+bool LeggiProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg, Avanzamento& av);
 // The same reading from a file already in memory (`percorso` becomes the project's name).
-bool LeggiProgettoDa(FileTesto& f, Documento& d, Archivi& a, const std::string& percorso, Messaggi& msg,
+bool LeggiProgettoDa(FileTesto& f, Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg,
                      Avanzamento& av);
 
 }  // namespace fornax

@@ -114,11 +114,9 @@ bool ScegliDpMax(Documento& d, const std::string& testo) {
     return true;
 }
 
-void RicordaLimiteInVigore(const Documento& d, Archivi& a) { a.Default.DefaultDpMax = TestoBreve(LimitePdc(a, d)); }
-
 // ---- The project ----
 
-bool ImpostaParametri(Documento& d, Archivi& a, const ValoriParametri& v, Messaggi& msg) {
+bool ImpostaParametri(Documento& d, const Archivi& a, const ValoriParametri& v, Messaggi& msg) {
     const bool pressione = d.ReteInPressione != 0;
     if (GasRifiutato(d, a, v.indiceGas)) {
         msg.Mostra(GAS_NON_COMBUSTIBILE);
@@ -129,8 +127,7 @@ bool ImpostaParametri(Documento& d, Archivi& a, const ValoriParametri& v, Messag
     if (pressione) d.VelocitaMassima = static_cast<float>(LeggiNumero(v.velocitaMassima));
     d.ArchivioDocumenti = v.archivioDocumenti;
     d.Normativa = v.edizione1992 ? 1 : 2;
-    CaricaPdc(a, d.Normativa, msg);
-    CalcolaDerivati(a);
+    CaricaPdc(d.Pdc, a.Cartella, d.Normativa, msg);
     const int gas = v.indiceGas == 0 ? 1 : v.indiceGas;
     if (gas >= 1 && gas <= a.NumGas()) d.GasCorrente = a.Gas[static_cast<size_t>(gas)];
     if (Trim(d.GasCorrente.Nome).empty() && a.NumGas() > 0) d.GasCorrente = a.Gas[1];
@@ -149,16 +146,6 @@ bool ScegliGas(Documento& d, const Archivi& a, int gas, Messaggi& msg) {
     return true;
 }
 
-bool NuovaRete(Documento& d, Archivi& a, bool pressione, Messaggi& msg) {
-    AzzeraRete(d, a.Default);
-    d.ReteInPressione = pressione ? VERO : FALSO;
-    d.OrientamentoSorgente = pressione ? 1 : 0;
-    if (pressione) return CaricaSpecialiPressione(a, msg);
-    CaricaSpecialiInterni(a);
-    RicordaLimiteInVigore(d, a);
-    return true;
-}
-
 void DefaultAllApertura(Documento& d, const Archivi& a) {
     const TestiDefault& def = a.Default;
     d.VelocitaMassima = static_cast<float>(DaDefault(def.DefaultVelocita, 15.0));
@@ -166,10 +153,12 @@ void DefaultAllApertura(Documento& d, const Archivi& a) {
     d.PressioneFinale = DaDefault(def.DefaultPressioneFinale, 150.0);
 }
 
-bool AdottaSpeciali(const Documento& d, Archivi& a, const std::array<TipoSpeciale, 11>& tabella) {
+bool AdottaSpeciali(Documento& d, const std::array<TipoSpeciale, 11>& tabella) {
     if (d.ReteInPressione == 0) return false;
-    a.Speciali = tabella;
+    d.Speciali = tabella;
     return true;
 }
+
+void AdottaPdc(Documento& d, const TabellaPdc& tabella) { d.Pdc = tabella; }
 
 }  // namespace fornax::modifica

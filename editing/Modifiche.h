@@ -74,9 +74,6 @@ bool ScegliPressioneFinale(Documento& d, const Archivi& a, const std::string& te
 // ComboDpMax: "0" or "Auto" make the limit automatic, any other text imposes its number. A
 // value equal to the present one changes nothing and returns false.
 bool ScegliDpMax(Documento& d, const std::string& testo);
-// After each change of the limit of an internal installation the limit in force is kept, as
-// text, in the default text of the imposed drop.
-void RicordaLimiteInVigore(const Documento& d, Archivi& a);
 
 // ---- The project ----
 
@@ -95,18 +92,12 @@ struct ValoriParametri {
 // edition (1 for 1992, 2 for 2008) and, for a pressure network, the speed go in; the limits of
 // the edition are loaded and the materials' derived columns computed; the gas shown (the first
 // of the archive when none) becomes the current gas; the project is marked modified.
-bool ImpostaParametri(Documento& d, Archivi& a, const ValoriParametri& v, Messaggi& msg);
+bool ImpostaParametri(Documento& d, const Archivi& a, const ValoriParametri& v, Messaggi& msg);
 
 // The gas chosen on the main frame's tool bar (1-based archive index). An internal installation
 // refuses a gas that doesn't burn, with the product's message, and false. Marks the project
 // modified.
 bool ScegliGas(Documento& d, const Archivi& a, int gas, Messaggi& msg);
-
-// A new project of either kind: the document blanked from the default texts, its kind and the
-// source's orientation (0 for an internal installation, 1 for a pressure network), the
-// fittings of that kind in force, and for an internal installation the limit in force kept as
-// text. False when the fittings table of pressure networks is missing (after its message).
-bool NuovaRete(Documento& d, Archivi& a, bool pressione, Messaggi& msg);
 
 // A project opened from the command line starts its speed and pressures from the default
 // texts (15, 200 and 150 where a text is empty).
@@ -114,7 +105,9 @@ void DefaultAllApertura(Documento& d, const Archivi& a);
 
 // The fittings table saved by its editor. It comes into force only while a pressure network is
 // open (an internal installation keeps the built-in one); true when it did.
-bool AdottaSpeciali(const Documento& d, Archivi& a, const std::array<TipoSpeciale, 11>& tabella);
+bool AdottaSpeciali(Documento& d, const std::array<TipoSpeciale, 11>& tabella);
+// The pressure-drop limits saved by their editor come into force in the open project.
+void AdottaPdc(Documento& d, const TabellaPdc& tabella);
 
 }  // namespace modifica
 }  // namespace fornax

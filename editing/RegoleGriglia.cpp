@@ -309,7 +309,7 @@ Fondo FondoDiametroModificato(const Documento& d, const Archivi& a, int sezione,
     if (m.NumRighe() < 1) return Fondo::GialloPallido;
     const bool piuGrande = m.Righe[static_cast<size_t>(m.NumRighe())].DN == dn;
     const bool fuoriTabella = IndiceRiga(a, t.IndiceMateriale, dn) == 0;
-    const bool oltre = d.ReteInPressione != 0 ? t.ID_VELOCITA > d.VelocitaMassima : t.ID_PDC_PERCORSO > LimitePdc(a, d);
+    const bool oltre = d.ReteInPressione != 0 ? t.ID_VELOCITA > d.VelocitaMassima : t.ID_PDC_PERCORSO > LimitePdc(d);
     return (piuGrande || fuoriTabella) && oltre ? Fondo::RossoCupo : Fondo::GialloPallido;
 }
 
@@ -344,15 +344,15 @@ bool PressioneDiversaDaDefault(double valore, const std::string& predefinito) {
 
 std::string TestoDpMax(const Documento& d) { return d.DpMax > 0 ? TestoBreve(d.DpMax) : std::string("Auto"); }
 
-bool DpMaxDiversoDaTabella(const Documento& d, const Archivi& a) {
+bool DpMaxDiversoDaTabella(const Documento& d) {
     if (d.DpMax <= 0) return false;
     // The table's limit for this network: LimitePdc as it reads with an automatic limit.
     const float potenza = static_cast<float>(static_cast<double>(d.GasCorrente.Pci) * d.T(1).ID_P_TRONCO / 3.6);
     const int fam = d.GasCorrente.Famiglia;
     float tabella = 0;
     if (fam >= 0 && fam <= 3) {
-        const size_t fascia = potenza > a.Pdc.SogliaPotenza ? 2 : 1;
-        tabella = a.Pdc.PdcMax[fascia][static_cast<size_t>(fam)];
+        const size_t fascia = potenza > d.Pdc.SogliaPotenza ? 2 : 1;
+        tabella = d.Pdc.PdcMax[fascia][static_cast<size_t>(fam)];
     }
     return static_cast<float>(d.DpMax) != tabella;
 }

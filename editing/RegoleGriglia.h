@@ -105,6 +105,6 @@ bool PressioneDiversaDaDefault(double valore, const std::string& predefinito);
 // The text ComboDpMax shows for the document: "Auto" for an automatic limit, else the number.
 std::string TestoDpMax(const Documento& d);
 // ComboDpMax shows red when its value differs from the table's limit for the current network.
-bool DpMaxDiversoDaTabella(const Documento& d, const Archivi& a);
+bool DpMaxDiversoDaTabella(const Documento& d);
 
 }  // namespace fornax

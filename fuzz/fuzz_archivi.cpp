@@ -11,7 +11,7 @@
 
 #include "archives/Speciali.h"
 #include "core/ServiziProva.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 
 using namespace fornax;
 
@@ -34,6 +34,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     MessaggiRegistrati msg;
     AvanzamentoNullo av;
     CaricaArchivi(*a, *d, cartella, av, msg, false);
-    CaricaSpecialiPressione(*a, msg);
+    CaricaSpecialiPressione(d->Speciali, cartella, msg);
     return 0;
 }

@@ -8,7 +8,7 @@
 #include "core/FileTesto.h"
 #include "core/ServiziProva.h"
 #include "documento/Progetto.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 
 using namespace fornax;
 

@@ -24,7 +24,7 @@ void Esecuzione::Avanza() {
     av_.Passo(passi_ == 0 ? 0 : fatti_ * 100 / passi_);
 }
 
-void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
+void PercorriRelazione(Documento& d, const Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
                        Messaggi& msg) {
     CalcolaRete(d, a, msg);
     w.Inizio();
@@ -35,7 +35,7 @@ void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecu
         ++scritte;
         run.Avanza();
     };
-    if (s.Copertina) sezione(Fase::COPERTINA, "Frontespizio", [&](bool) { w.Copertina(Copertina(d, a)); });
+    if (s.Copertina) sezione(Fase::COPERTINA, "Frontespizio", [&](bool) { w.Copertina(Copertina(d)); });
     if (s.Tronchi)
         sezione(Fase::TRONCHI, "Tabella dati tronchi",
                 [&](bool dopo) { w.Tabelle(Fase::TRONCHI, {TabellaTronchi(d, a)}, dopo); });

@@ -48,7 +48,7 @@ public:
 // each section chosen in this order: cover, sections, localised losses, worst path,
 // consumers, bill of pipes, leak test, schema. The schema stands last although its box is
 // the third. Each section sets its phase and progress text before it begins.
-void PercorriRelazione(Documento& d, Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
+void PercorriRelazione(Documento& d, const Archivi& a, const ReportSelection& s, Esecuzione& run, Impaginatore& w,
                        Messaggi& msg);
 
 // The leak-test page hands its record over before the section is printed: the family is

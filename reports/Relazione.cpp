@@ -320,7 +320,7 @@ std::vector<TabellaRelazione> TabellePerdite(const Documento& d, const Archivi& 
             const int16_t id = t.colonne[c].id;
             if (id >= Id::ID_SPC5 && id <= Id::ID_SPC10) {
                 const size_t tipo = static_cast<size_t>(id - Id::ID_SPC5 + 5);
-                t.colonne[c].titolo1 = a.Speciali[tipo].Nome;
+                t.colonne[c].titolo1 = d.Speciali[tipo].Nome;
             }
         }
     }
@@ -377,7 +377,7 @@ TabellaRelazione TabellaUtenze(const Documento& d, const Archivi& a) {
 
 // ---- Cover ----
 
-CopertinaRelazione Copertina(const Documento& d, const Archivi& a) {
+CopertinaRelazione Copertina(const Documento& d) {
     CopertinaRelazione c;
     const GasRecord& g = d.GasCorrente;
     c.pressione = d.ReteInPressione != 0;
@@ -395,7 +395,7 @@ CopertinaRelazione Copertina(const Documento& d, const Archivi& a) {
     const Tronco& primo = d.T(1);
     c.qContemporanea = primo.ID_P_TRONCO;
     if (!c.pressione) {
-        c.limite = LimitePdc(a, d);
+        c.limite = LimitePdc(d);
         c.limitePa = FormattaNumero(c.limite, " ##0  Pa");
         // Single precision divided by a whole number stays single precision.
         c.limiteMbar = FormattaNumero(static_cast<float>(c.limite / 100.0), "##0.00 mbar");
@@ -426,26 +426,26 @@ CopertinaRelazione Copertina(const Documento& d, const Archivi& a) {
 
 // ---- Bill of pipes ----
 
-ComputoRelazione Computo(const Documento& d, Archivi& a) {
-    AzzeraComputo(a);
-    CalcolaComputo(d, a, 1);
+ComputoRelazione Computo(const Documento& d, const Archivi& a) {
+    const ComputoTubi totali = CalcolaComputo(d, a, 1);
     ComputoRelazione c;
     for (int m = 1; m <= a.NumMateriali(); ++m) {
         const MaterialeTubo& mat = a.Materiali[static_cast<size_t>(m)];
-        if (mat.Totalizzato == 0) continue;
+        const ComputoTubi::Materiale& tot = totali.Materiali[static_cast<size_t>(m)];
+        if (tot.Totalizzato == 0) continue;
         MaterialeComputo x;
         x.nome = mat.Nome;
         x.descrizione = mat.Descrizione;
         x.acciaio = mat.TipoFormula == 1;
-        x.peso = FormattaNumero(mat.PesoTotale, "#######0");
+        x.peso = FormattaNumero(tot.PesoTotale, "#######0");
         for (int r = 1; r <= mat.NumRighe(); ++r) {
-            const RigaDiametro& riga = mat.Righe[static_cast<size_t>(r)];
-            if (riga.LunghezzaTotale > 0)
-                x.diametri.emplace_back(riga.DN, FormattaNumero(riga.LunghezzaTotale, "###0.0"));
+            const float lunghezza = tot.LunghezzaTotale[static_cast<size_t>(r)];
+            if (lunghezza > 0)
+                x.diametri.emplace_back(mat.Righe[static_cast<size_t>(r)].DN, FormattaNumero(lunghezza, "###0.0"));
         }
         c.materiali.push_back(std::move(x));
     }
-    if (a.PesoTotaleAcciaio > 0) c.pesoAcciaio = FormattaNumero(a.PesoTotaleAcciaio, "#######0");
+    if (totali.PesoTotaleAcciaio > 0) c.pesoAcciaio = FormattaNumero(totali.PesoTotaleAcciaio, "#######0");
     return c;
 }
 

@@ -172,7 +172,7 @@ struct CopertinaRelazione {
     double qTotale = 0, qContemporanea = 0;
 };
 
-CopertinaRelazione Copertina(const Documento& d, const Archivi& a);
+CopertinaRelazione Copertina(const Documento& d);
 
 // ---- Bill of pipes ----
 
@@ -189,8 +189,8 @@ struct ComputoRelazione {
     std::string pesoAcciaio;                  // "" unless the steel total is above 0
 };
 
-// Clears the totals of the material table, bills the network (slot 1) and reads them back.
-ComputoRelazione Computo(const Documento& d, Archivi& a);
+// Bills the network (slot 1) and lays the totals out with the names of the material table.
+ComputoRelazione Computo(const Documento& d, const Archivi& a);
 
 // ---- Leak-test record ----
 

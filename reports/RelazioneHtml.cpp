@@ -721,7 +721,7 @@ void ScrittoreHtml::Epilogo() {
 
 }  // namespace
 
-EsitoStampa PrintHTMLFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
+EsitoStampa PrintHTMLFile(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso,
                           Avanzamento& av, Messaggi& msg, const SalvaSchema& schema) {
     Esecuzione run(o.selezione, av);
     FileRelazione f;

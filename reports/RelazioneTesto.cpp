@@ -170,8 +170,8 @@ void ScrittoreTxt::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
 
 }  // namespace
 
-EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
-                         Messaggi& msg, const SalvaSchema& schema) {
+EsitoStampa PrintTXTFile(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso,
+                         Avanzamento& av, Messaggi& msg, const SalvaSchema& schema) {
     Esecuzione run(o.selezione, av);
     FileRelazione f;
     EsitoStampa esito;

@@ -69,13 +69,13 @@ bool Chiudi(const EsitoStampa& e, const std::string& apertura, const std::string
 
 }  // namespace
 
-bool StampaHTML(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
+bool StampaHTML(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
                 Messaggi& msg, const SalvaSchema& schema) {
     return Chiudi(PrintHTMLFile(d, a, o, percorso, av, msg, schema), "Stampa su file HTML.",
                   "Stampa su file HTML conclusa con successo.", msg);
 }
 
-bool StampaTXT(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
+bool StampaTXT(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
                Messaggi& msg, const SalvaSchema& schema) {
     return Chiudi(PrintTXTFile(d, a, o, percorso, av, msg, schema), "Stampa su file TXT.",
                   "Stampa su file TXT conclusa con successo.", msg);

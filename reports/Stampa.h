@@ -46,16 +46,16 @@ bool ControllaLogo(const std::string& cartellaProgramma, Messaggi& msg);
 // The two runs. The document is calculated first; the bill of pipes fills the totals of the
 // material table. A failure stops the run and leaves the file as far as it was written.
 // The schema is written only when `schema` is given.
-EsitoStampa PrintHTMLFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso,
+EsitoStampa PrintHTMLFile(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso,
                           Avanzamento& av, Messaggi& msg, const SalvaSchema& schema = nullptr);
-EsitoStampa PrintTXTFile(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
-                         Messaggi& msg, const SalvaSchema& schema = nullptr);
+EsitoStampa PrintTXTFile(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso,
+                         Avanzamento& av, Messaggi& msg, const SalvaSchema& schema = nullptr);
 
 // The same runs with the product's closing boxes: "Conclusione" on success, "Errore" with the
 // text above on failure.
-bool StampaHTML(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
+bool StampaHTML(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
                 Messaggi& msg, const SalvaSchema& schema = nullptr);
-bool StampaTXT(Documento& d, Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
+bool StampaTXT(Documento& d, const Archivi& a, const OpzioniStampa& o, const std::string& percorso, Avanzamento& av,
                Messaggi& msg, const SalvaSchema& schema = nullptr);
 
 // The question asked before a file of the same name is replaced.

@@ -302,7 +302,7 @@ void DisegnaUtenza(ContestoSchema& c, int32_t x, int32_t y, int16_t direzione, i
     if (c.d.ReteInPressione != 0) {
         guasto = static_cast<float>(c.d.PressioneFinale) > rec.ID_PFINALE;
     } else {
-        guasto = LimitePdc(c.a, c.d) < rec.ID_PDC_PERCORSO;
+        guasto = LimitePdc(c.d) < rec.ID_PDC_PERCORSO;
     }
     const int32_t cornice = guasto ? Colore::ROSSO : (s.SchemaSuCarta != 0 ? Colore::NERO : Colore::BIANCO);
     const float f = s.SchemaFattore;

@@ -34,6 +34,7 @@ public:
 
     // Names (upper case) of the gases saved while the window was open.
     const std::set<std::string>& Salvati() const { return editor_.Salvati(); }
+    const std::vector<int>& Cancellati() const { return editor_.Cancellati(); }
     // The gas in view, 1-based.
     int IndiceGas() const { return editor_.Indice(); }
 

@@ -24,7 +24,8 @@ QLineEdit* Casella(double v, const QString& nome, QWidget* padre) {
 }
 }  // namespace
 
-frmPDC::frmPDC(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre) : QDialog(padre), a_(a), msg_(msg) {
+frmPDC::frmPDC(const Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre)
+    : QDialog(padre), cartella_(a.Cartella), tabella_(d.Pdc), msg_(msg) {
     setObjectName(QStringLiteral("frmPDC"));
     setWindowTitle(QStringLiteral("Perdite di carico massime predefinite - ") +
                    (d.Normativa == 1 ? QStringLiteral("UNI7129 (1992)") : QStringLiteral("UNI7129 (2008)")));
@@ -37,13 +38,13 @@ frmPDC::frmPDC(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre) : 
         g->addWidget(l, 0, f + 1);
     }
     g->addWidget(new QLabel(QStringLiteral("Potenza fino a :"), this), 1, 0);
-    txtPotenza = Casella(a.Pdc.SogliaPotenza, QStringLiteral("txtPotenza"), this);
+    txtPotenza = Casella(tabella_.SogliaPotenza, QStringLiteral("txtPotenza"), this);
     auto* kw1 = new QHBoxLayout;
     kw1->addWidget(txtPotenza);
     kw1->addWidget(new QLabel(QStringLiteral("kW"), this));
     g->addLayout(kw1, 1, 1);
     g->addWidget(new QLabel(QStringLiteral("Potenza oltre a :"), this), 2, 0);
-    txtPotenzaBis = Casella(a.Pdc.SogliaPotenza, QStringLiteral("txtPotenzaBis"), this);
+    txtPotenzaBis = Casella(tabella_.SogliaPotenza, QStringLiteral("txtPotenzaBis"), this);
     txtPotenzaBis->setReadOnly(true);
     txtPotenzaBis->setFocusPolicy(Qt::NoFocus);
     auto* kw2 = new QHBoxLayout;
@@ -51,8 +52,8 @@ frmPDC::frmPDC(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre) : 
     kw2->addWidget(new QLabel(QStringLiteral("kW"), this));
     g->addLayout(kw2, 2, 1);
     for (size_t f = 1; f <= 3; ++f) {
-        txtPotenza1[f] = Casella(a.Pdc.PdcMax[1][f], QStringLiteral("txtPotenza1_%1").arg(f), this);
-        txtPotenza2[f] = Casella(a.Pdc.PdcMax[2][f], QStringLiteral("txtPotenza2_%1").arg(f), this);
+        txtPotenza1[f] = Casella(tabella_.PdcMax[1][f], QStringLiteral("txtPotenza1_%1").arg(f), this);
+        txtPotenza2[f] = Casella(tabella_.PdcMax[2][f], QStringLiteral("txtPotenza2_%1").arg(f), this);
         g->addWidget(txtPotenza1[f], 1, static_cast<int>(f) + 1);
         g->addWidget(txtPotenza2[f], 2, static_cast<int>(f) + 1);
     }
@@ -67,13 +68,13 @@ frmPDC::frmPDC(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre) : 
 }
 
 void frmPDC::cmdOK() {
-    a_.Pdc.SogliaPotenza = static_cast<float>(NumeroDi(txtPotenza->text()));
+    tabella_.SogliaPotenza = static_cast<float>(NumeroDi(txtPotenza->text()));
     for (size_t f = 1; f <= 3; ++f) {
-        a_.Pdc.PdcMax[1][f] = static_cast<float>(NumeroDi(txtPotenza1[f]->text()));
-        a_.Pdc.PdcMax[2][f] = static_cast<float>(NumeroDi(txtPotenza2[f]->text()));
+        tabella_.PdcMax[1][f] = static_cast<float>(NumeroDi(txtPotenza1[f]->text()));
+        tabella_.PdcMax[2][f] = static_cast<float>(NumeroDi(txtPotenza2[f]->text()));
     }
-    VerificaDefaultPdc(a_);
-    SalvaPdc(a_, msg_);
+    VerificaDefaultPdc(tabella_);
+    SalvaPdc(tabella_, cartella_, msg_);
     accept();
 }
 

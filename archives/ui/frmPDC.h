@@ -18,12 +18,17 @@ namespace fornax::ui {
 class frmPDC : public QDialog {
     Q_OBJECT
 public:
-    frmPDC(Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre = nullptr);
+    // Edits the limits the project has in force and writes them to the edition's file.
+    frmPDC(const Archivi& a, const Documento& d, Messaggi& msg, QWidget* padre = nullptr);
+
+    // After OK: the limits as written, for the caller to put in force.
+    const TabellaPdc& Tabella() const { return tabella_; }
 
 private:
     void cmdOK();
 
-    Archivi& a_;
+    std::string cartella_;
+    TabellaPdc tabella_;
     Messaggi& msg_;
     QLineEdit* txtPotenza;
     QLineEdit* txtPotenzaBis;

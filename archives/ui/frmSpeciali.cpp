@@ -24,11 +24,11 @@ QLabel* Titolo(const QString& t, QWidget* padre) {
 }
 }  // namespace
 
-frmSpeciali::frmSpeciali(const Archivi& a, Messaggi& msg, QWidget* padre) : QDialog(padre), msg_(msg) {
+frmSpeciali::frmSpeciali(const Archivi& a, Messaggi& msg, QWidget* padre)
+    : QDialog(padre), msg_(msg), cartella_(a.Cartella) {
     setObjectName(QStringLiteral("frmSpeciali"));
     setWindowTitle(QStringLiteral("Lunghezze equivalenti accidentalità"));
-    tabella_.Cartella = a.Cartella;
-    CaricaSpecialiPressione(tabella_, msg_);
+    CaricaSpecialiPressione(tabella_, cartella_, msg_);
 
     auto* lay = new QVBoxLayout(this);
     auto* g = new QGridLayout;
@@ -42,7 +42,7 @@ frmSpeciali::frmSpeciali(const Archivi& a, Messaggi& msg, QWidget* padre) : QDia
     g->addWidget(Titolo(QStringLiteral("50mm ÷ 125mm"), this), 2, 2);
     g->addWidget(Titolo(QStringLiteral("> 125mm"), this), 2, 3);
     for (size_t k = 1; k <= 10; ++k) {
-        const TipoSpeciale& t = tabella_.Speciali[k];
+        const TipoSpeciale& t = tabella_[k];
         const int riga = static_cast<int>(k) + 2;
         txtDesc[k] = new QLineEdit(Q(t.Nome), this);
         txtDesc[k]->setObjectName(QStringLiteral("txtDesc%1").arg(k));
@@ -66,13 +66,13 @@ frmSpeciali::frmSpeciali(const Archivi& a, Messaggi& msg, QWidget* padre) : QDia
 
 void frmSpeciali::cmdOK() {
     for (size_t k = 1; k <= 10; ++k) {
-        TipoSpeciale& t = tabella_.Speciali[k];
+        TipoSpeciale& t = tabella_[k];
         t.Nome = Trim(S(txtDesc[k]->text()));
         t.Lunghezza[1][1] = static_cast<float>(NumeroDi(txtRange1[k]->text()));
         t.Lunghezza[1][2] = static_cast<float>(NumeroDi(txtRange2[k]->text()));
         t.Lunghezza[1][3] = static_cast<float>(NumeroDi(txtRange3[k]->text()));
     }
-    salvato_ = SalvaSpeciali(tabella_, msg_);
+    salvato_ = SalvaSpeciali(tabella_, cartella_, msg_);
     accept();
 }
 

@@ -25,14 +25,15 @@ public:
 
     // After OK: the table as written to EQLEN.CFG, for the caller to put in force when a
     // pressure network is open.
-    const std::array<TipoSpeciale, 11>& Tabella() const { return tabella_.Speciali; }
+    const TabellaSpeciali& Tabella() const { return tabella_; }
     bool Salvato() const { return salvato_; }
 
 private:
     void cmdOK();
 
     Messaggi& msg_;
-    Archivi tabella_;
+    std::string cartella_;
+    TabellaSpeciali tabella_{};
     std::array<QLineEdit*, 11> txtDesc{};
     std::array<QLineEdit*, 11> txtRange1{};
     std::array<QLineEdit*, 11> txtRange2{};

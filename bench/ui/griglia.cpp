@@ -32,7 +32,7 @@ class BenchGriglia : public QObject {
         for (int i = 1; i <= MAX_TRONCHI; ++i)
             if (amb.d.T(i).IsUtenza()) amb.d.T(i).ID_P_UTENZE = amb.d.T(i).ID_P_TRONCO = 0.05f;
         const std::string percorso = amb.cartella.Percorso("grande.RTG");
-        if (!ScriviProgetto(amb.d, amb.a, percorso, amb.msg)) return {};
+        if (!SalvaProgetto(amb.s, percorso, amb.msg)) return {};
         AzzeraRete(amb.d, amb.a.Default);
         return percorso;
     }
@@ -52,8 +52,8 @@ void BenchGriglia::apriReteDi400TronchiERiempireLaGriglia() {
         QElapsedTimer t;
         t.start();
         AvanzamentoNullo av;
-        QVERIFY(LeggiProgetto(amb->d, amb->a, percorso, amb->msg, av));
-        GasGrid g(amb->d, amb->a, amb->s, amb->msg);
+        QVERIFY(ApriProgetto(amb->s, percorso, amb->msg, av));
+        GasGrid g(amb->s, amb->msg);
         g.resize(1300, 700);
         g.show();
         g.NewRete();

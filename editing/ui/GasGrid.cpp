@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "archives/Pdc.h"
 #include "calc/Verifica.h"
 #include "core/Numeri.h"
 #include "core/Servizi.h"
@@ -75,8 +76,8 @@ void Colora(QComboBox* c, bool rosso) {
 
 }  // namespace
 
-GasGrid::GasGrid(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre)
-    : QWidget(padre), d_(d), a_(a), s_(s), msg_(msg), stato_(std::make_unique<StatoCalcolo>()) {
+GasGrid::GasGrid(Sessione& s, Messaggi& msg, QWidget* padre)
+    : QWidget(padre), Zoom(s.Zoom), TroncoSelezionato(s.TroncoSelezionato), s_(s), d_(s.d), a_(s.a), msg_(msg) {
     setObjectName(QStringLiteral("GasGrid"));
     modifica::PreparaDocumento(d_);
     Costruisci();
@@ -326,7 +327,7 @@ void GasGrid::Elaborazione() {
 }
 
 void GasGrid::AggiornaCalcoli() {
-    CalcolaRete(d_, a_, *stato_, msg_);
+    Ricalcola(s_, msg_);
     // Nothing is painted between two recalculations of one Enter: the grid is written once,
     // after the second.
     if (grigliaRinviata_) return;
@@ -379,7 +380,7 @@ void GasGrid::NewRete() {
 }
 
 void GasGrid::Rescale() {
-    Zoom = std::clamp(Zoom, -12, 5);
+    ImpostaZoom(s_, Zoom);
     const double scala = 100.0 / std::pow(0.9, Zoom);
     emit zoomCambiato(Zoom, Q(FormattaNumero(scala, "###")));
 }
@@ -405,9 +406,8 @@ void GasGrid::AggiornaTitolo() {
         Colora(ComboFinalPres, PressioneDiversaDaDefault(d_.PressioneFinale, a_.Default.DefaultPressioneFinale));
     } else {
         // The limit in force, kept as text after each change of the imposed drop.
-        modifica::RicordaLimiteInVigore(d_, a_);
-        lblLimite->setText(QStringLiteral("Perdita massima ammessa: %1 Pa").arg(Q(a_.Default.DefaultDpMax)));
-        Colora(ComboDpMax, DpMaxDiversoDaTabella(d_, a_));
+        lblLimite->setText(QStringLiteral("Perdita massima ammessa: %1 Pa").arg(Q(TestoBreve(LimitePdc(d_)))));
+        Colora(ComboDpMax, DpMaxDiversoDaTabella(d_));
     }
 }
 

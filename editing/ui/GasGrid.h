@@ -12,7 +12,7 @@
 
 #include "archives/Archivi.h"
 #include "calc/Calcolo.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 
 class QComboBox;
 class QLabel;
@@ -32,7 +32,9 @@ class ModelloTronchi;
 class GasGrid : public QWidget {
     Q_OBJECT
 public:
-    GasGrid(Documento& d, Archivi& a, Sessione& s, Messaggi& msg, QWidget* padre = nullptr);
+    // The window shows the session's document; the work table, the zoom and the selection are
+    // the session's, shared with the other pages.
+    GasGrid(Sessione& s, Messaggi& msg, QWidget* padre = nullptr);
     ~GasGrid() override;
 
     // ---- Public operations ----
@@ -78,9 +80,9 @@ public:
     int ColonnaDiametro = 0;
     int RigaDiametro = 0;
     int TipoGriglia = 0;
-    int Zoom = 0;
+    int& Zoom;                   // the session's zoom level
     bool InElaborazione = true;  // false while Elaborazione runs
-    int TroncoSelezionato = 0;   // the section selected on the schema
+    int& TroncoSelezionato;      // the section selected on the schema (the session's)
 
     // ---- Parts, for the main frame and the tests ----
     QTabWidget* Schede() const { return SSTab1; }
@@ -88,7 +90,7 @@ public:
     ModelloTronchi* Modello() const { return modello_; }
     QLineEdit* EditorTesto() const { return Text1; }
     QComboBox* EditorMateriale() const { return Combo1; }
-    StatoCalcolo& Calcolo() { return *stato_; }
+    StatoCalcolo& Calcolo() { return *s_.calcolo; }
     // Current cell (1-based grid row and column) and the other end of the selection.
     int Row() const;
     int Col() const;
@@ -134,11 +136,10 @@ private:
     // Pressure combos.
     void ApplicaPressione(QComboBox* combo);
 
+    Sessione& s_;
     Documento& d_;
     Archivi& a_;
-    Sessione& s_;
     Messaggi& msg_;
-    std::unique_ptr<StatoCalcolo> stato_;
 
     QTabWidget* SSTab1 = nullptr;
     QTableView* Grid = nullptr;

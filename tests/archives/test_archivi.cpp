@@ -191,28 +191,6 @@ TEST_F(ArchiviProva, MaterialeSalvatoERiletto) {
     EXPECT_EQ(dir.LeggiByte("PE.mat"), scritto);
 }
 
-TEST_F(ArchiviProva, ComputoSommaLunghezzeEPesi) {
-    dir.Scrivi("ACC.mat", "1\n7850\n.\n3/4\"\t2.9\t21.6\n");
-    dir.Scrivi("CU.mat", "2\n8900\n.\n12x1\t1\t10\n");
-    CaricaMateriali(*a, av, msg);
-    AzzeraComputo(*a);
-    AggiungiComputo(*a, 1, 1, 2.5f);
-    AggiungiComputo(*a, 1, 1, 1.5f);
-    AggiungiComputo(*a, 2, 1, 3.0f);
-    AggiungiComputo(*a, 2, 0, 3.0f);  // no row: nothing
-    AggiungiComputo(*a, 1, 1, 0.0f);  // no length: nothing
-    const RigaDiametro& r = a->Materiali[1].Righe[1];
-    EXPECT_EQ(r.LunghezzaTotale, 4.0f);
-    EXPECT_EQ(a->Materiali[1].Totalizzato, -1.0f);
-    EXPECT_FLOAT_EQ(a->Materiali[1].PesoTotale, r.PesoMetro * 4.0f);
-    EXPECT_EQ(a->PesoTotaleAcciaio, a->Materiali[1].PesoTotale);  // copper is not steel
-    EXPECT_GT(a->Materiali[2].PesoTotale, 0.0f);
-    AzzeraComputo(*a);
-    EXPECT_EQ(a->Materiali[1].Righe[1].LunghezzaTotale, 0.0f);
-    EXPECT_EQ(a->Materiali[1].Totalizzato, 0.0f);
-    EXPECT_EQ(a->PesoTotaleAcciaio, 0.0f);
-}
-
 TEST_F(ArchiviProva, NomiDiMaterialeEDaPercorso) {
     EXPECT_TRUE(NomeValido("ACCIAIO2"));
     EXPECT_FALSE(NomeValido("RAME-B"));
@@ -226,95 +204,97 @@ TEST_F(ArchiviProva, SostituzioneChiestaUnaVoltaPerNome) {
     NuovoGas(*a, "METANO");
     NuovoGas(*a, "GPL");
     msg.scelte = {2};
-    EXPECT_EQ(Substitute(*a, "propano", 2, msg), 2);
-    EXPECT_EQ(Substitute(*a, " PROPANO ", 2, msg), 2);
+    Sostituzioni e;  // the open project's list
+    EXPECT_EQ(Substitute(e, *a, "propano", 2, msg), 2);
+    EXPECT_EQ(Substitute(e, *a, " PROPANO ", 2, msg), 2);
     EXPECT_EQ(msg.sostituzioniChieste.size(), 1u);
-    EXPECT_EQ(Substitute(*a, "   ", 2, msg), 0);
-    EXPECT_EQ(SearchEquiv(*a, "PROPANO", 1), 0);  // the lists of materials and gases are apart
-    Reset(*a);
-    EXPECT_EQ(Substitute(*a, "PROPANO", 2, msg), 0);  // asked again; no answer this time
+    EXPECT_EQ(Substitute(e, *a, "   ", 2, msg), 0);
+    EXPECT_EQ(SearchEquiv(e, "PROPANO", 1), 0);  // the lists of materials and gases are apart
+    Reset(e);
+    EXPECT_EQ(Substitute(e, *a, "PROPANO", 2, msg), 0);  // asked again; no answer this time
     EXPECT_EQ(msg.sostituzioniChieste.size(), 2u);
 }
 
 TEST_F(ArchiviProva, RaccordiInterniPerClasseDiDiametroEFamiglia) {
-    CaricaSpecialiInterni(*a);
-    EXPECT_EQ(a->Speciali[2].Nome, "RACCORDO A T");
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 22.3f, 2), 0.2f);  // a limit belongs to the lower class
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 22.31f, 2), 0.5f);
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 53.89f, 3), 0.5f);
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 53.9f, 3), 1.0f);  // the single 53.9 lies just above the limit
-    EXPECT_EQ(LunghezzaInterna(*a, 1, 81.7f, 3), 1.0f);
-    EXPECT_EQ(LunghezzaInterna(*a, 2, 100.0f, 3), 7.5f);
-    EXPECT_EQ(LunghezzaInterna(*a, 3, 30.0f, 3), 2.0f);
-    EXPECT_EQ(LunghezzaInterna(*a, 4, 10.0f, 1), 0.3f);
-    EXPECT_EQ(LunghezzaInterna(*a, 2, 10.0f, 0), 0.0f);  // a gas that doesn't burn has no family
-    EXPECT_EQ(LunghezzaInterna(*a, 5, 10.0f, 2), 0.0f);
+    TabellaSpeciali t{};
+    CaricaSpecialiInterni(t);
+    EXPECT_EQ(t[2].Nome, "RACCORDO A T");
+    EXPECT_EQ(LunghezzaInterna(t, 1, 22.3f, 2), 0.2f);  // a limit belongs to the lower class
+    EXPECT_EQ(LunghezzaInterna(t, 1, 22.31f, 2), 0.5f);
+    EXPECT_EQ(LunghezzaInterna(t, 1, 53.89f, 3), 0.5f);
+    EXPECT_EQ(LunghezzaInterna(t, 1, 53.9f, 3), 1.0f);  // the single 53.9 lies just above the limit
+    EXPECT_EQ(LunghezzaInterna(t, 1, 81.7f, 3), 1.0f);
+    EXPECT_EQ(LunghezzaInterna(t, 2, 100.0f, 3), 7.5f);
+    EXPECT_EQ(LunghezzaInterna(t, 3, 30.0f, 3), 2.0f);
+    EXPECT_EQ(LunghezzaInterna(t, 4, 10.0f, 1), 0.3f);
+    EXPECT_EQ(LunghezzaInterna(t, 2, 10.0f, 0), 0.0f);  // a gas that doesn't burn has no family
+    EXPECT_EQ(LunghezzaInterna(t, 5, 10.0f, 2), 0.0f);
 }
 
 TEST_F(ArchiviProva, RaccordiInPressioneDaEqlen) {
-    CaricaSpecialiInterni(*a);
+    TabellaSpeciali t{};
+    CaricaSpecialiInterni(t);
     MessaggiRegistrati m1;
-    EXPECT_FALSE(CaricaSpecialiPressione(*a, m1));
+    EXPECT_FALSE(CaricaSpecialiPressione(t, a->Cartella, m1));
     EXPECT_EQ(m1.Testi().at(0), "Il file eqlen.cfg non e' presente nel disco. Reinstallare il programma.");
 
     dir.Scrivi("EQLEN.CFG", "# accidentalita'\nCURVA\t0,5\t1\t2\nTEE\t1\n");
     MessaggiRegistrati m2;
-    EXPECT_TRUE(CaricaSpecialiPressione(*a, m2));
+    EXPECT_TRUE(CaricaSpecialiPressione(t, a->Cartella, m2));
     EXPECT_EQ(m2.Testi(), std::vector<std::string>{"Errore nel file EQLEN.CFG"});
-    EXPECT_EQ(LunghezzaPressione(*a, 1, 50.0f), 0.5f);   // up to 50 mm
-    EXPECT_EQ(LunghezzaPressione(*a, 1, 125.0f), 1.0f);  // up to 125 mm
-    EXPECT_EQ(LunghezzaPressione(*a, 1, 125.5f), 2.0f);
-    EXPECT_EQ(a->Speciali[2].Nome, "TEE");
-    EXPECT_EQ(LunghezzaPressione(*a, 2, 10.0f), 1.0f);
-    EXPECT_EQ(LunghezzaPressione(*a, 2, 60.0f), 0.0f);  // missing numbers read 0
+    EXPECT_EQ(LunghezzaPressione(t, 1, 50.0f), 0.5f);   // up to 50 mm
+    EXPECT_EQ(LunghezzaPressione(t, 1, 125.0f), 1.0f);  // up to 125 mm
+    EXPECT_EQ(LunghezzaPressione(t, 1, 125.5f), 2.0f);
+    EXPECT_EQ(t[2].Nome, "TEE");
+    EXPECT_EQ(LunghezzaPressione(t, 2, 10.0f), 1.0f);
+    EXPECT_EQ(LunghezzaPressione(t, 2, 60.0f), 0.0f);  // missing numbers read 0
     // Only family 1 is replaced: the other families and the names of kinds 3, 4 stay.
-    EXPECT_EQ(a->Speciali[3].Nome, "GOMITO");
-    EXPECT_EQ(a->Speciali[1].Lunghezza[3][3], 1.0f);
+    EXPECT_EQ(t[3].Nome, "GOMITO");
+    EXPECT_EQ(t[1].Lunghezza[3][3], 1.0f);
 
-    a->Speciali[5].Nome.clear();
-    ASSERT_TRUE(SalvaSpeciali(*a, m2));
-    EXPECT_EQ(a->Speciali[5].Nome, "-");
+    t[5].Nome.clear();
+    ASSERT_TRUE(SalvaSpeciali(t, a->Cartella, m2));
+    EXPECT_EQ(t[5].Nome, "-");
     const std::string scritto = dir.LeggiByte("EQLEN.CFG");
     EXPECT_EQ(scritto.substr(0, 41), "CURVA\t 0.5 \t 1 \t 2 \r\nTEE\t 1 \t 0 \t 0 \r\nGOM");
-    auto b = std::make_unique<Archivi>();
-    b->Cartella = dir.Percorso();
-    EXPECT_TRUE(CaricaSpecialiPressione(*b, m2));
-    EXPECT_EQ(b->Speciali[5].Nome, "-");
-    EXPECT_EQ(b->Speciali[1].Lunghezza[1][3], 2.0f);
+    TabellaSpeciali u{};
+    EXPECT_TRUE(CaricaSpecialiPressione(u, dir.Percorso(), m2));
+    EXPECT_EQ(u[5].Nome, "-");
+    EXPECT_EQ(u[1].Lunghezza[1][3], 2.0f);
 }
 
 TEST_F(ArchiviProva, LimitiDiPerditaDiCarico) {
     auto d = std::make_unique<Documento>();
-    CaricaPdc(*a, 1, msg);
+    CaricaPdc(d->Pdc, a->Cartella, 1, msg);
     EXPECT_EQ(msg.Testi().at(0), "Non esiste il file PDC 'PDCMAX_1992.CFG'");
-    VerificaDefaultPdc(*a);
-    EXPECT_EQ(a->Pdc.SogliaPotenza, 35.0f);
-    EXPECT_EQ(a->Pdc.PdcMax[2][2], 50.0f);
+    VerificaDefaultPdc(d->Pdc);
+    EXPECT_EQ(d->Pdc.SogliaPotenza, 35.0f);
+    EXPECT_EQ(d->Pdc.PdcMax[2][2], 50.0f);
 
     dir.Scrivi("PDCMAX_2008.CFG", " 35 \n 50 \n 0 \n 200 \n 50 \n 70,5 \n 200 \n");
-    CaricaPdc(*a, 2, msg);
-    EXPECT_EQ(a->Pdc.NomeFilePdc, "PDCMAX_2008.CFG");
-    EXPECT_EQ(a->Pdc.PdcMax[1][2], 0.0f);  // replaced only by the check, not on reading
-    VerificaDefaultPdc(*a);
-    EXPECT_EQ(a->Pdc.PdcMax[1][2], 100.0f);
-    EXPECT_EQ(a->Pdc.PdcMax[2][2], 70.5f);
+    CaricaPdc(d->Pdc, a->Cartella, 2, msg);
+    EXPECT_EQ(d->Pdc.NomeFilePdc, "PDCMAX_2008.CFG");
+    EXPECT_EQ(d->Pdc.PdcMax[1][2], 0.0f);  // replaced only by the check, not on reading
+    VerificaDefaultPdc(d->Pdc);
+    EXPECT_EQ(d->Pdc.PdcMax[1][2], 100.0f);
+    EXPECT_EQ(d->Pdc.PdcMax[2][2], 70.5f);
 
     d->GasCorrente.Pci = 36.0f;
     d->GasCorrente.Famiglia = 2;
     d->T(1).ID_P_TRONCO = 3.5f;  // 36 * 3.5 / 3.6 = 35 kW: at the threshold, band 1
-    EXPECT_EQ(LimitePdc(*a, *d), 100.0f);
+    EXPECT_EQ(LimitePdc(*d), 100.0f);
     d->T(1).ID_P_TRONCO = 3.6f;
-    EXPECT_EQ(LimitePdc(*a, *d), 70.5f);
+    EXPECT_EQ(LimitePdc(*d), 70.5f);
     d->DpMax = 80;
-    EXPECT_EQ(LimitePdc(*a, *d), 80.0f);
+    EXPECT_EQ(LimitePdc(*d), 80.0f);
 
     d->rete().NumTronchi = 2;
     d->T(2).ID_PDC_PERCORSO = 80.0f;
-    EXPECT_TRUE(LimitiRispettati(*a, *d));
+    EXPECT_TRUE(LimitiRispettati(*d));
     d->T(2).ID_PDC_PERCORSO = 80.5f;
-    EXPECT_FALSE(LimitiRispettati(*a, *d));
+    EXPECT_FALSE(LimitiRispettati(*d));
 
-    ASSERT_TRUE(SalvaPdc(*a, msg));
+    ASSERT_TRUE(SalvaPdc(d->Pdc, a->Cartella, msg));
     EXPECT_EQ(dir.LeggiByte("PDCMAX_2008.CFG"), " 35 \r\n 50 \r\n 100 \r\n 200 \r\n 50 \r\n 70.5 \r\n 200 \r\n");
 }
 
@@ -352,9 +332,11 @@ TEST(ArchiviConsegnati, OgniGasNellaSuaFamigliaEOgniFileLeggibile) {
     CaricaGas(*a, msg);
     CaricaMateriali(*a, av, msg);
     CaricaParFamGas(*a);
-    CaricaPdc(*a, 1, msg);
-    CaricaPdc(*a, 2, msg);
-    EXPECT_TRUE(CaricaSpecialiPressione(*a, msg));
+    TabellaPdc pdc;
+    CaricaPdc(pdc, a->Cartella, 1, msg);
+    CaricaPdc(pdc, a->Cartella, 2, msg);
+    TabellaSpeciali speciali{};
+    EXPECT_TRUE(CaricaSpecialiPressione(speciali, a->Cartella, msg));
     EXPECT_TRUE(msg.mostrati.empty()) << msg.Testi().front();
     ASSERT_GE(a->NumGas(), 7);
     for (int i = 1; i <= a->NumGas(); ++i) {
@@ -378,5 +360,5 @@ TEST(ArchiviConsegnati, OgniGasNellaSuaFamigliaEOgniFileLeggibile) {
     EXPECT_GT(a->ParFam[1].PressioneRiferimento, 0.0f);
     EXPECT_GT(a->ParFam[2].PressioneRiferimento, 0.0f);
     EXPECT_EQ(a->ParFam[3].PressioneRiferimento, 0.0f);
-    EXPECT_GT(a->Pdc.SogliaPotenza, 0.0f);
+    EXPECT_GT(pdc.SogliaPotenza, 0.0f);
 }

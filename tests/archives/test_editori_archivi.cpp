@@ -135,8 +135,9 @@ TEST_F(Editori, CancellazioneDelGas) {
     GasRecord corrente = a->Gas[1];
     corrente.Nome = "metano";  // the project may spell it in lower case
     const std::string prima = dir.LeggiByte("GAS.CFG");
-    AddEquiv(*a, "PROPANO", 2, 3);
-    AddEquiv(*a, "G20", 2, 2);
+    Sostituzioni scelte;  // what the open project chose for names the archive lacks
+    AddEquiv(scelte, "PROPANO", 2, 3);
+    AddEquiv(scelte, "G20", 2, 2);
 
     EditorGas e(*a);
     e.Mostra(1);
@@ -162,8 +163,10 @@ TEST_F(Editori, CancellazioneDelGas) {
               "ARIA\t 1 \t 1.461e-05 \t 0 \t 0 \t 1 \r\n");
     EXPECT_EQ(a->NomiGas(), (std::vector<std::string>{"METANO", "ARIA"}));
     EXPECT_EQ(e.Indice(), 2);
-    EXPECT_EQ(SearchEquiv(*a, "PROPANO", 2), 2);
-    EXPECT_EQ(SearchEquiv(*a, "G20", 2), 0);
+    EXPECT_EQ(e.Cancellati(), std::vector<int>{2});
+    RinumeraSostituzioniGas(scelte, e.Cancellati());
+    EXPECT_EQ(SearchEquiv(scelte, "PROPANO", 2), 2);
+    EXPECT_EQ(SearchEquiv(scelte, "G20", 2), 0);
 }
 
 TEST_F(Editori, GasNuovoNonSalvatoLasciaLaTabella) {

@@ -40,8 +40,8 @@ inline MaterialeTubo Materiale(const std::string& nome, int16_t tipo, float peso
     return m;
 }
 
-// Archives of the tests; `pressione` fills the fittings of a pressure network.
-inline std::unique_ptr<Archivi> ArchiviProva(bool pressione = false) {
+// Archives of the tests: two materials.
+inline std::unique_ptr<Archivi> ArchiviProva() {
     auto a = std::make_unique<Archivi>();
     a->Materiali.push_back(Materiale("ACCIAIO", 1, 7850,
                                      {{"3/8\"", 12.6f},
@@ -65,22 +65,24 @@ inline std::unique_ptr<Archivi> ArchiviProva(bool pressione = false) {
                                       {"28x1", 26.0f}},
                                      1.0f));
     CalcolaDerivati(*a);
-    CaricaSpecialiInterni(*a);
-    if (pressione) {
+    return a;
+}
+
+// A document with natural gas of the second family, the default limits and the built-in
+// fittings; a pressure network (or `raccordiPressione`) has the pressure table in family 1.
+inline std::unique_ptr<Documento> DocumentoProva(int32_t normativa = 2, bool pressione = false,
+                                                 bool raccordiPressione = false) {
+    auto d = std::make_unique<Documento>();
+    CaricaSpecialiInterni(d->Speciali);
+    if (pressione || raccordiPressione) {
         const float tabella[11][3] = {
             {0, 0, 0},       {0.7f, 1.75f, 2.8f}, {3, 7.5f, 12}, {1.5f, 3.75f, 6}, {0.15f, 0.38f, 0.6f},
             {1, 2.5f, 4},    {0.8f, 2, 3.2f},     {0, 0, 0},     {0.4f, 1, 1.6f},  {0.9f, 2.25f, 3.6f},
             {2.25f, 5.6f, 9}};
         for (size_t k = 1; k <= 10; ++k)
-            for (size_t c = 1; c <= 3; ++c) a->Speciali[k].Lunghezza[1][c] = tabella[k][c - 1];
+            for (size_t c = 1; c <= 3; ++c) d->Speciali[k].Lunghezza[1][c] = tabella[k][c - 1];
     }
-    VerificaDefaultPdc(*a);
-    return a;
-}
-
-// A document with natural gas of the second family.
-inline std::unique_ptr<Documento> DocumentoProva(int32_t normativa = 2, bool pressione = false) {
-    auto d = std::make_unique<Documento>();
+    VerificaDefaultPdc(d->Pdc);
     d->SlotCorrente = 1;
     d->Normativa = normativa;
     d->ReteInPressione = pressione ? VERO : FALSO;

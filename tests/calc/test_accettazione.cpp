@@ -10,8 +10,7 @@
 #include "calc/Calcolo.h"
 #include "calc/RisultatiJson.h"
 #include "core/ServiziProva.h"
-#include "documento/Progetto.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 #include "tests/calc/ConfrontoJson.h"
 
 using namespace fornax;
@@ -28,20 +27,22 @@ class Accettazione : public ::testing::TestWithParam<std::string> {};
 TEST_P(Accettazione, IRisultatiCoincidonoBitPerBit) {
     const std::string nome = GetParam();
     auto a = std::make_unique<Archivi>();
-    auto d = std::make_unique<Documento>();
+    ImpostazioniInMemoria imp;
+    auto s = std::make_unique<Sessione>(*a, imp);
     MessaggiRegistrati msg;
     AvanzamentoNullo av;
     // The acceptance folder holds no column file: a calculation doesn't need one.
-    CaricaArchivi(*a, *d, kAccettazione + "/archives", av, msg);
+    CaricaArchivi(*s, kAccettazione + "/archives", av, msg);
     ASSERT_GT(a->NumGas(), 0);
     ASSERT_GT(a->NumMateriali(), 0);
-    ASSERT_TRUE(LeggiProgetto(*d, *a, kAccettazione + "/projects/" + nome + ".RTG", msg, av));
+    ASSERT_TRUE(ApriProgetto(*s, kAccettazione + "/projects/" + nome + ".RTG", msg, av));
     const size_t messaggiCaricamento = msg.mostrati.size();
 
-    CalcolaRete(*d, *a, msg);
+    // The command line's calculation: once, on the project as opened, with a fresh work table.
+    Ricalcola(*s, msg);
     EXPECT_EQ(msg.mostrati.size(), messaggiCaricamento) << "un calcolo corretto non mostra messaggi";
 
-    const Json nostro = prova::LeggiJson(RisultatiJson(*d, *a));
+    const Json nostro = prova::LeggiJson(RisultatiJson(s->d, *a));
     const Json atteso = prova::LeggiJson(prova::LeggiTesto(kAccettazione + "/expected/" + nome + ".json"));
     const auto differenze = prova::Differenze(nome, atteso, nostro);
     EXPECT_TRUE(differenze.empty()) << differenze.size() << " differenze:\n" << prova::Elenco(differenze);

@@ -14,8 +14,8 @@ using namespace fornax::prova;
 namespace {
 
 struct Formule : ::testing::Test {
-    std::unique_ptr<Archivi> a = ArchiviProva(true);
-    std::unique_ptr<Documento> d = DocumentoProva();
+    std::unique_ptr<Archivi> a = ArchiviProva();
+    std::unique_ptr<Documento> d = DocumentoProva(2, false, true);
 };
 
 }  // namespace
@@ -163,7 +163,8 @@ TEST_F(Formule, LunghezzaEquivalenteInternaAccoppiaITipi1324) {
     };
     // The built-in table alone (a pressure table would replace its first family), and a third
     // material whose only row has the diameter of the case.
-    a = ArchiviProva(false);
+    a = ArchiviProva();
+    CaricaSpecialiInterni(d->Speciali);
     a->Materiali.push_back(Materiale("PROVA", 1, 7850, {{"X", 0.0f}}, 1.0f));
     Dati x;
     x.materiale = 3;

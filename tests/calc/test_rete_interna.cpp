@@ -55,7 +55,7 @@ TEST_F(ReteInterna, Edizione1992ConAccidentalitaDistinte) {
     EXPECT_EQ(d->MaxPdcPercorso, 119.88870239257812f);
     EXPECT_EQ(d->MaxLenPercorso, 63.5f);
     EXPECT_TRUE(msg.mostrati.empty());
-    EXPECT_EQ(d->ReteModificata, VERO);
+    EXPECT_EQ(d->ReteModificata, FALSO);  // a calculation is not an edit
     for (int i = 1; i <= 4; ++i) {
         EXPECT_EQ(d->T(i).Visitato, VERO);
         EXPECT_EQ(d->T(i).ID_CONTEMP, 100);

@@ -11,7 +11,7 @@ using namespace fornax::prova;
 namespace {
 
 struct RetePressione : ::testing::Test {
-    std::unique_ptr<Archivi> a = ArchiviProva(true);
+    std::unique_ptr<Archivi> a = ArchiviProva();
     std::unique_ptr<Documento> d = DocumentoProva(2, true);
     MessaggiRegistrati msg;
 

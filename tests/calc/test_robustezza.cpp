@@ -16,7 +16,7 @@ namespace {
 
 struct Robustezza : ::testing::TestWithParam<bool> {
     bool pressione = GetParam();
-    std::unique_ptr<Archivi> a = ArchiviProva(pressione);
+    std::unique_ptr<Archivi> a = ArchiviProva();
     std::unique_ptr<Documento> d = DocumentoProva(2, pressione);
     MessaggiRegistrati msg;
 

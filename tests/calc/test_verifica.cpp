@@ -91,7 +91,7 @@ TEST_F(Verifica, VerdettiDiUnImpiantoInterno) {
     EXPECT_FALSE(v.pressioneFallita);
     // At the largest row, but within the whole limit as a float: no yellow.
     EXPECT_FALSE(v.diametroInsufficiente);
-    EXPECT_DOUBLE_EQ(LimiteIntero(*a, *d), 50.0);
+    EXPECT_DOUBLE_EQ(LimiteIntero(*d), 50.0);
 
     t.ID_PDC_PERCORSO = 51.0f;
     EXPECT_TRUE(VerificaTronco(*a, *d, i).diametroInsufficiente);
@@ -148,31 +148,31 @@ TEST_F(Verifica, ComputoDelleTubazioniRaggiunte) {
     d->T(2).ID_EQ_LEN = 100.0f;  // the real length counts, not the equivalent one
     for (int i = 1; i <= 4; ++i) d->T(i).Visitato = VERO;
 
-    AzzeraComputo(*a);
-    CalcolaComputo(*d, *a, 0);
-    EXPECT_EQ(a->Materiali[ACCIAIO].Totalizzato, 0.0f);
+    EXPECT_EQ(CalcolaComputo(*d, *a, 0).Materiali[ACCIAIO].Totalizzato, FALSO);  // slot 0 bills nothing
 
-    CalcolaComputo(*d, *a);
-    const MaterialeTubo& acciaio = a->Materiali[ACCIAIO];
-    const MaterialeTubo& rame = a->Materiali[RAME];
-    EXPECT_EQ(acciaio.Righe[3].LunghezzaTotale, 3.25f);  // 3/4": two sections in one row
-    EXPECT_EQ(acciaio.Righe[4].LunghezzaTotale, 3.5f);   // 1": the cut section isn't billed
-    EXPECT_EQ(rame.Righe[5].LunghezzaTotale, 4.0f);
-    EXPECT_EQ(acciaio.Totalizzato, -1.0f);
+    const ComputoTubi c = CalcolaComputo(*d, *a);
+    const ComputoTubi::Materiale& acciaio = c.Materiali[ACCIAIO];
+    const ComputoTubi::Materiale& rame = c.Materiali[RAME];
+    const MaterialeTubo& tubiAcciaio = a->Materiali[ACCIAIO];
+    EXPECT_EQ(acciaio.LunghezzaTotale[3], 3.25f);  // 3/4": two sections in one row
+    EXPECT_EQ(acciaio.LunghezzaTotale[4], 3.5f);   // 1": the cut section isn't billed
+    EXPECT_EQ(rame.LunghezzaTotale[5], 4.0f);
+    EXPECT_EQ(acciaio.Totalizzato, VERO);
     const float pesoAcciaio =
-        static_cast<float>(static_cast<float>(static_cast<double>(acciaio.Righe[3].PesoMetro) * 2.0) +
-                           static_cast<double>(acciaio.Righe[4].PesoMetro) * 3.5);
+        static_cast<float>(static_cast<float>(static_cast<double>(tubiAcciaio.Righe[3].PesoMetro) * 2.0) +
+                           static_cast<double>(tubiAcciaio.Righe[4].PesoMetro) * 3.5);
     EXPECT_EQ(Bit(acciaio.PesoTotale),
-              Bit(static_cast<float>(pesoAcciaio + static_cast<double>(acciaio.Righe[3].PesoMetro) * 1.25)));
-    EXPECT_EQ(a->PesoTotaleAcciaio, acciaio.PesoTotale);  // copper is not steel
+              Bit(static_cast<float>(pesoAcciaio + static_cast<double>(tubiAcciaio.Righe[3].PesoMetro) * 1.25)));
+    EXPECT_EQ(c.PesoTotaleAcciaio, acciaio.PesoTotale);  // copper is not steel
     EXPECT_GT(rame.PesoTotale, 0.0f);
 
-    // A material without any section stays out of the bill.
+    // A material without any section stays out of the bill; a second bill is the same, since
+    // nothing was added up in the archives.
     a->Materiali.push_back(Materiale("PE", 3, 950, {{"PE 20", 16.0f}}, 2.0f));
-    AzzeraComputo(*a);
-    CalcolaComputo(*d, *a);
-    EXPECT_EQ(a->Materiali[3].Totalizzato, 0.0f);
-    EXPECT_EQ(a->Materiali[ACCIAIO].Righe[3].LunghezzaTotale, 3.25f);
+    const ComputoTubi ancora = CalcolaComputo(*d, *a);
+    EXPECT_EQ(ancora.Materiali[3].Totalizzato, FALSO);
+    EXPECT_EQ(ancora.Materiali[ACCIAIO].LunghezzaTotale[3], 3.25f);
+    EXPECT_EQ(Bit(ancora.PesoTotaleAcciaio), Bit(c.PesoTotaleAcciaio));
 }
 
 TEST_F(Verifica, VolumeDelleTubazioniSuTuttiIRecord) {

@@ -15,8 +15,8 @@
 #include "core/Servizi.h"
 #include "core/ServiziProva.h"
 #include "documento/Progetto.h"
-#include "documento/Sessione.h"
 #include "leaktest/AperturaTenuta.h"
+#include "sessione/Sessione.h"
 
 namespace fornax {
 namespace {
@@ -38,13 +38,15 @@ protected:
         cartella_ = fs::temp_directory_path() / ("fornax-dati-" + nome);
         fs::remove_all(cartella_);
         fs::copy(FORNAX_BUILD_DATA_DIR, cartella_, fs::copy_options::recursive);
-        ASSERT_TRUE(CaricaArchivi(a_, d_, cartella_.string(), av_, msg_));
+        ASSERT_TRUE(CaricaArchivi(s_, cartella_.string(), av_, msg_));
     }
     void TearDown() override { fs::remove_all(cartella_); }
 
     fs::path cartella_;
     Archivi a_;
-    Documento d_;
+    ImpostazioniInMemoria imp_;
+    Sessione s_{a_, imp_};
+    Documento& d_ = s_.d;
     MessaggiRegistrati msg_;
     AvanzamentoNullo av_;
 };
@@ -103,15 +105,13 @@ class EsempiConsegnati : public CartellaConsegnata, public ::testing::WithParamI
 
 TEST_P(EsempiConsegnati, SiApronoSenzaMessaggiESiRisalvanoUguali) {
     const fs::path esempio = fs::path(FORNAX_SOURCE_DIR) / "data" / "esempi" / GetParam();
-    ASSERT_TRUE(LeggiProgetto(d_, a_, esempio.string(), msg_, av_));
+    ASSERT_TRUE(ApriProgetto(s_, esempio.string(), msg_, av_));
     EXPECT_TRUE(msg_.Testi().empty()) << msg_.Testi().front();
     EXPECT_GT(d_.NumTronchi(), 2);
-    // Saved as the desktop saves it: from the record the leak-test page holds once opened.
-    StatoPaginaTenuta pagina;
-    ApriPaginaTenuta(d_, a_, pagina, msg_);
-    EXPECT_TRUE(msg_.Testi().empty()) << msg_.Testi().front();
+    // Saved as every front end saves it, the leak-test page brought up to date.
     const fs::path copia = cartella_ / "copia.RTG";
-    ASSERT_TRUE(ScriviProgetto(d_, a_, copia.string(), msg_));
+    ASSERT_TRUE(SalvaProgetto(s_, copia.string(), msg_));
+    EXPECT_TRUE(msg_.Testi().empty()) << msg_.Testi().front();
     EXPECT_EQ(LeggiTutto(copia), LeggiTutto(esempio));
 }
 
@@ -120,16 +120,16 @@ INSTANTIATE_TEST_SUITE_P(Progetti, EsempiConsegnati,
 
 TEST_F(CartellaConsegnata, GliEsempiSonoUnAppartamentoUnaBifamiliareGplEUnaReteInPressione) {
     const fs::path esempi = fs::path(FORNAX_SOURCE_DIR) / "data" / "esempi";
-    ASSERT_TRUE(LeggiProgetto(d_, a_, (esempi / "appartamento.RTG").string(), msg_, av_));
+    ASSERT_TRUE(ApriProgetto(s_, (esempi / "appartamento.RTG").string(), msg_, av_));
     EXPECT_EQ(d_.ReteInPressione, 0);
     EXPECT_EQ(d_.GasCorrente.Famiglia, 2);
 
-    ASSERT_TRUE(LeggiProgetto(d_, a_, (esempi / "bifamiliare-gpl.RTG").string(), msg_, av_));
+    ASSERT_TRUE(ApriProgetto(s_, (esempi / "bifamiliare-gpl.RTG").string(), msg_, av_));
     EXPECT_EQ(d_.ReteInPressione, 0);
     EXPECT_EQ(d_.Normativa, 2);
     EXPECT_EQ(d_.GasCorrente.Famiglia, 3);
 
-    ASSERT_TRUE(LeggiProgetto(d_, a_, (esempi / "rete-media-pressione.RTG").string(), msg_, av_));
+    ASSERT_TRUE(ApriProgetto(s_, (esempi / "rete-media-pressione.RTG").string(), msg_, av_));
     EXPECT_NE(d_.ReteInPressione, 0);
     EXPECT_TRUE(msg_.Testi().empty());
 }

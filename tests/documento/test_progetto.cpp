@@ -10,7 +10,7 @@
 #include "core/Testo.h"
 #include "documento/Campi.h"
 #include "documento/Progetto.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 #include "tests/comune/CartellaProva.h"
 
 using namespace fornax;
@@ -204,7 +204,6 @@ TEST_F(Progetti, GasEMaterialeSconosciutiSostituitiUnaVolta) {
     EXPECT_EQ(d->ReteModificata, VERO);
 
     // Without an answer for the gas the project can't be used.
-    Reset(*a);
     msg.scelte.clear();
     EXPECT_FALSE(Leggi(dir.Percorso("ignoti.RTG")));
     EXPECT_EQ(d->CaricamentoProgetto, FALSO);
@@ -356,64 +355,4 @@ TEST(Colonne, FileDelleColonneDecifratoInUndiciTabelle) {
     EXPECT_EQ(a->Colonne.Tabelle[0][0].Formato, "#0.00");
     EXPECT_EQ(a->Colonne.Tabelle[0][0].Suggerimento, "Lunghezza. in metri");
     EXPECT_EQ(a->Colonne.NumColonne[1], -1);
-}
-
-TEST(SessioneProva, FileRecentiECartellaDiLavoro) {
-    ImpostazioniInMemoria imp;
-    Sessione s(imp);
-    s.mru.Setup("MRUFileList", 4);
-    for (const char* f : {"a.RTG", "b.RTG", "c.RTG", "d.RTG", "e.RTG"}) s.mru.AddItem(f);
-    EXPECT_EQ(s.mru.GetItem(1), "e.RTG");
-    EXPECT_EQ(s.mru.GetItem(4), "b.RTG");  // at most four
-    EXPECT_EQ(s.mru.GetItem(5), "");
-    s.mru.AddItem("c.RTG");
-    EXPECT_EQ(s.mru.GetItem(1), "c.RTG");
-    EXPECT_EQ(s.mru.GetItem(2), "e.RTG");
-    EXPECT_EQ(s.mru.GetItem(3), "d.RTG");
-    EXPECT_EQ(s.mru.GetItem(4), "b.RTG");
-    s.mru.AddItem("c.RTG");
-    EXPECT_EQ(s.mru.GetItem(2), "e.RTG");
-    EXPECT_EQ(imp.valori["MRUFileList/Item1"], "c.RTG");
-    clsMRU altro(imp);
-    altro.Setup("MRUFileList", 4);
-    altro.Load();
-    EXPECT_EQ(altro.GetItem(3), "d.RTG");
-    EXPECT_EQ(altro.SearchItem("b.RTG"), 4);
-
-    EXPECT_EQ(CartellaLavoro(imp, "/opt/fornax"), "/opt/fornax/Archivio Lavori");
-    RicordaCartellaLavoro(imp, "/home/u/Lavori/villa.RTG");
-    EXPECT_EQ(CartellaLavoro(imp, "/opt/fornax"), "/home/u/Lavori");
-}
-
-TEST_F(Progetti, ChiediSalvataggioNonPerdeIlLavoro) {
-    ImpostazioniInMemoria imp;
-    Sessione s(imp);
-    s.mru.Setup("MRUFileList", 4);
-    ASSERT_TRUE(Leggi(ACCETTAZIONE + "/projects/i03_chain4_2008.RTG"));
-    d->NomeFileProgetto.clear();
-    d->ReteModificata = VERO;
-
-    msg.risposte = {Risposta::CANCEL};
-    EXPECT_FALSE(ChiediSalvataggio(s, *d, *a, msg, nullptr));
-    EXPECT_EQ(d->NumTronchi(), 4);
-    EXPECT_EQ(msg.mostrati.back().testo, "Salvare il progetto aperto");
-    EXPECT_EQ(msg.mostrati.back().flags, Box::YESNOCANCEL | Box::QUESTION);
-
-    // Yes with no name: the save-as dialog is cancelled, and the project stays.
-    msg.risposte = {Risposta::YES};
-    EXPECT_FALSE(ChiediSalvataggio(s, *d, *a, msg, [] { return std::string(); }));
-    EXPECT_EQ(d->NumTronchi(), 4);
-
-    // Save as keeps the modified mark; save under the known name clears it.
-    EXPECT_EQ(SalvaConNome(s, *d, *a, "", msg, [&] { return dir.Percorso("come.RTG"); }), dir.Percorso("come.RTG"));
-    EXPECT_EQ(d->ReteModificata, VERO);
-    EXPECT_EQ(s.Titolo, "Fornax - " + dir.Percorso("come.RTG"));
-    EXPECT_EQ(s.mru.GetItem(1), dir.Percorso("come.RTG"));
-    SalvaConNome(s, *d, *a, d->NomeFileProgetto, msg, nullptr);
-    EXPECT_EQ(d->ReteModificata, FALSO);
-
-    msg.risposte.clear();
-    EXPECT_TRUE(ChiediSalvataggio(s, *d, *a, msg, nullptr));
-    EXPECT_EQ(d->NumTronchi(), 0);
-    EXPECT_EQ(s.Titolo, "Fornax  - ");
 }

@@ -8,8 +8,8 @@
 #include "archives/Pdc.h"
 #include "core/Numeri.h"
 #include "core/ServiziProva.h"
-#include "documento/Sessione.h"
 #include "editing/Modifiche.h"
+#include "sessione/Sessione.h"
 
 namespace fornax {
 namespace {
@@ -97,7 +97,7 @@ TEST(ModificaParametri, TestiEdizioneVelocitaEGas) {
         b->d.ReteInPressione = c.pressione ? VERO : FALSO;
         b->d.VelocitaMassima = 7.0f;
         b->d.ReteModificata = FALSO;
-        b->a.Pdc.NomeFilePdc.clear();
+        b->d.Pdc.NomeFilePdc.clear();
         modifica::ValoriParametri v{"Rif. 12", "Villetta", "/lavori/12", c.edizione1992, c.velocita, c.gas};
         ASSERT_TRUE(modifica::ImpostaParametri(b->d, b->a, v, b->msg));
         EXPECT_EQ(b->d.Riferimento, "Rif. 12");
@@ -105,7 +105,7 @@ TEST(ModificaParametri, TestiEdizioneVelocitaEGas) {
         EXPECT_EQ(b->d.ArchivioDocumenti, "/lavori/12");
         EXPECT_EQ(b->d.Normativa, c.normativa);
         // The limits of the edition chosen are loaded at once.
-        EXPECT_EQ(b->a.Pdc.NomeFilePdc, c.filePdc);
+        EXPECT_EQ(b->d.Pdc.NomeFilePdc, c.filePdc);
         EXPECT_EQ(b->d.VelocitaMassima, c.velocitaAttesa);
         EXPECT_EQ(b->d.GasCorrente.Nome, c.gasAtteso);
         EXPECT_EQ(b->d.ReteModificata, VERO);
@@ -189,16 +189,6 @@ TEST(ModificaCombiPressione, AutoRiprendeIlDefaultUgualeNonCambiaNulla) {
     }
 }
 
-TEST(ModificaCombiPressione, IlLimiteInVigoreRestaComeTesto) {
-    auto b = std::make_unique<Banco>();
-    b->d.ReteInPressione = FALSO;
-    modifica::RicordaLimiteInVigore(b->d, b->a);
-    EXPECT_EQ(b->a.Default.DefaultDpMax, TestoBreve(LimitePdc(b->a, b->d)));
-    ASSERT_TRUE(modifica::ScegliDpMax(b->d, "80"));
-    modifica::RicordaLimiteInVigore(b->d, b->a);
-    EXPECT_EQ(b->a.Default.DefaultDpMax, "80");
-}
-
 TEST(ModificaDiametri, BloccaSoloChiHaUnDiametroLiberaTutti) {
     auto b = std::make_unique<Banco>();
     b->Albero();
@@ -247,32 +237,6 @@ TEST(ModificaRighe, UnaRigaNuovaEUnaRigaAccolta) {
     EXPECT_EQ(b->d.NumTronchi(), MAX_TRONCHI);
 }
 
-TEST(ModificaProgetto, NuoveRetiDeiDueTipi) {
-    auto b = std::make_unique<Banco>();
-    b->Albero();
-    b->d.Riferimento = "vecchio";
-    b->a.Default.DefaultVelocita = "12";
-    b->a.Default.DefaultDpMax = "0";
-
-    ASSERT_TRUE(modifica::NuovaRete(b->d, b->a, false, b->msg));
-    EXPECT_EQ(b->d.NumTronchi(), 0);
-    EXPECT_EQ(b->d.Riferimento, "");
-    EXPECT_EQ(b->d.ReteInPressione, FALSO);
-    EXPECT_EQ(b->d.OrientamentoSorgente, 0);
-    EXPECT_EQ(b->d.VelocitaMassima, 12.0f);
-    EXPECT_EQ(b->d.ReteModificata, FALSO);
-    // The limit in force, kept as the default text of the imposed drop.
-    EXPECT_EQ(b->a.Default.DefaultDpMax, TestoBreve(LimitePdc(b->a, b->d)));
-    EXPECT_NE(b->a.Default.DefaultDpMax, "0");
-
-    ASSERT_TRUE(modifica::NuovaRete(b->d, b->a, true, b->msg));
-    EXPECT_EQ(b->d.ReteInPressione, VERO);
-    EXPECT_EQ(b->d.OrientamentoSorgente, 1);
-    // The fittings of pressure networks come from EQLEN.CFG.
-    EXPECT_EQ(b->a.Speciali[1].Nome, "CURVA");
-    EXPECT_TRUE(b->msg.mostrati.empty());
-}
-
 TEST(ModificaProgetto, DefaultDiUnProgettoApertoDallaRigaDiComando) {
     auto b = std::make_unique<Banco>();
     struct Caso {
@@ -301,14 +265,14 @@ TEST(ModificaProgetto, DefaultDiUnProgettoApertoDallaRigaDiComando) {
 
 TEST(ModificaProgetto, LaTabellaDeiRaccordiSalvataValeSoloPerUnaReteInPressione) {
     auto b = std::make_unique<Banco>();
-    auto tabella = b->a.Speciali;
+    auto tabella = b->d.Speciali;
     tabella[1].Nome = "CURVA STRETTA";
     b->d.ReteInPressione = FALSO;
-    EXPECT_FALSE(modifica::AdottaSpeciali(b->d, b->a, tabella));
-    EXPECT_NE(b->a.Speciali[1].Nome, "CURVA STRETTA");
+    EXPECT_FALSE(modifica::AdottaSpeciali(b->d, tabella));
+    EXPECT_NE(b->d.Speciali[1].Nome, "CURVA STRETTA");
     b->d.ReteInPressione = VERO;
-    EXPECT_TRUE(modifica::AdottaSpeciali(b->d, b->a, tabella));
-    EXPECT_EQ(b->a.Speciali[1].Nome, "CURVA STRETTA");
+    EXPECT_TRUE(modifica::AdottaSpeciali(b->d, tabella));
+    EXPECT_EQ(b->d.Speciali[1].Nome, "CURVA STRETTA");
 }
 
 }  // namespace

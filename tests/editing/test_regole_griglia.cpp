@@ -11,21 +11,23 @@
 #include "calc/Verifica.h"
 #include "core/ServiziProva.h"
 #include "documento/Progetto.h"
-#include "documento/Sessione.h"
 #include "editing/Cancellazione.h"
 #include "editing/RegoleGriglia.h"
+#include "sessione/Sessione.h"
 
 namespace fornax {
 namespace {
 
 struct Banco {
     Archivi a;
-    Documento d;
+    ImpostazioniInMemoria imp;
+    Sessione s{a, imp};
+    Documento& d = s.d;
     MessaggiRegistrati msg;
 
     explicit Banco(const std::string& cartella = FORNAX_BUILD_DATA_DIR) {
         AvanzamentoNullo av;
-        CaricaArchivi(a, d, cartella, av, msg, false);
+        CaricaArchivi(s, cartella, av, msg, false);
         msg.mostrati.clear();
     }
 
@@ -307,8 +309,8 @@ TEST(AspettoCelle, ReteCalcolataConPercorsiOltreIlLimite) {
     const std::string accettazione = std::string(FORNAX_ACCETTAZIONE_DIR);
     auto b = std::make_unique<Banco>(accettazione + "/archives");
     AvanzamentoNullo av;
-    ASSERT_TRUE(LeggiProgetto(b->d, b->a, accettazione + "/projects/i14_dpmax_low_2008.RTG", b->msg, av));
-    CalcolaRete(b->d, b->a, b->msg);
+    ASSERT_TRUE(ApriProgetto(b->s, accettazione + "/projects/i14_dpmax_low_2008.RTG", b->msg, av));
+    Ricalcola(b->s, b->msg);
     // A tighter limit than the one the network was sized for: the paths beyond it show red.
     b->d.DpMax = 10;
     ColonnaTabella c;
@@ -318,7 +320,7 @@ TEST(AspettoCelle, ReteCalcolataConPercorsiOltreIlLimite) {
     for (int i = 1; i <= b->d.NumTronchi(); ++i) {
         const Verdetti v = VerificaTronco(b->a, b->d, i);
         const auto s = AspettoDi(b->d, b->a, i, c, v);
-        const bool oltre = b->d.T(i).ID_PDC_PERCORSO > LimiteIntero(b->a, b->d);
+        const bool oltre = b->d.T(i).ID_PDC_PERCORSO > LimiteIntero(b->d);
         EXPECT_EQ(s.inchiostro == Inchiostro::Rosso, oltre || b->d.T(i).ID_PDC_PERCORSO < 0) << i;
         rossi += s.inchiostro == Inchiostro::Rosso;
     }
@@ -373,14 +375,14 @@ TEST(CombiPressione, AutoDefaultEColori) {
     auto b = NuovoBanco();
     b->Albero();
     EXPECT_EQ(TestoDpMax(b->d), "Auto");
-    EXPECT_FALSE(DpMaxDiversoDaTabella(b->d, b->a));
+    EXPECT_FALSE(DpMaxDiversoDaTabella(b->d));
     b->d.DpMax = 80;
     EXPECT_EQ(TestoDpMax(b->d), "80");
-    EXPECT_TRUE(DpMaxDiversoDaTabella(b->d, b->a));
+    EXPECT_TRUE(DpMaxDiversoDaTabella(b->d));
     // The table's own value typed in shows black.
     b->d.DpMax = 0;
-    b->d.DpMax = LimitePdc(b->a, b->d);
-    EXPECT_FALSE(DpMaxDiversoDaTabella(b->d, b->a));
+    b->d.DpMax = LimitePdc(b->d);
+    EXPECT_FALSE(DpMaxDiversoDaTabella(b->d));
 }
 
 struct Conta {

@@ -83,7 +83,7 @@ int main(int argc, char** argv) {
     about.MostraEditore(b);
     Salva(&about, QStringLiteral("informazioni"));
 
-    frmMainForm form(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm form(amb->s, amb->msg);
     form.resize(1000, 600);
     form.show();
     QApplication::processEvents();

@@ -221,7 +221,7 @@ void TestFinestreServizio::menuSuggerimentiEInformazioni() {
     auto amb = prova::NuovoAmbiente();
     amb->cartella.Scrivi("HINTS.CFG", "# suggerimenti\nUno\nDue\n");
     amb->cartella.Scrivi("SWCOMPANY.CFG", "TermoGas S.r.l.\nVia Po 3, Torino\nTel. 011 000000\nwww.termogas.example\n");
-    frmMainForm f(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm f(amb->s, amb->msg);
     f.show();
     for (const char* nome : {"mnuArchiveCopy", "mnuProjectFileCopy"}) QVERIFY(Figlio<QAction>(&f, nome)->isEnabled());
     auto* mostra = Figlio<QAction>(&f, "mnuShowHints");

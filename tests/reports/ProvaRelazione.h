@@ -12,10 +12,8 @@
 #include "archives/Archivi.h"
 #include "core/FileTesto.h"
 #include "core/ServiziProva.h"
-#include "documento/Progetto.h"
-#include "documento/Sessione.h"
-#include "leaktest/AperturaTenuta.h"
 #include "reports/Stampa.h"
+#include "sessione/Sessione.h"
 #include "tests/comune/CartellaProva.h"
 
 namespace fornax::prova {
@@ -24,7 +22,9 @@ struct ProgettoAperto {
     CartellaProva programma{"relazione-programma"};
     CartellaProva uscita{"relazione-uscita"};
     Archivi a;
-    Documento d;
+    ImpostazioniInMemoria imp;
+    Sessione s{a, imp};
+    Documento& d = s.d;
     MessaggiRegistrati msg;
     AvanzamentoNullo av;
 
@@ -33,13 +33,10 @@ struct ProgettoAperto {
     // under (the report prints it); the bytes come from `file`.
     bool Apri(const std::string& cartellaProgramma, const std::string& file, const std::string& nomeStampato) {
         programma.CopiaDa(cartellaProgramma);
-        if (!CaricaArchivi(a, d, programma.Percorso(), av, msg, true)) return false;
+        if (!CaricaArchivi(s, programma.Percorso(), av, msg, true)) return false;
         FileTesto f;
         if (!f.Apri(file)) return false;
-        if (!LeggiProgettoDa(f, d, a, nomeStampato, msg, av)) return false;
-        StatoPaginaTenuta pagina;
-        ApriPaginaTenuta(d, a, pagina, msg);
-        return true;
+        return ApriProgettoDa(s, f, nomeStampato, msg, av);
     }
 
     static OpzioniStampa Opzioni(const std::string& lettere) {
@@ -52,12 +49,12 @@ struct ProgettoAperto {
     }
 
     std::string Html(const OpzioniStampa& o, const std::string& nome = "relazione.html") {
-        const EsitoStampa e = PrintHTMLFile(d, a, o, uscita.Percorso(nome), av, msg);
+        const EsitoStampa e = RelazioneSuFile(s, true, o, uscita.Percorso(nome), av, msg);
         EXPECT_TRUE(e.riuscita) << TestoErroreStampa("Stampa su file HTML.", e);
         return uscita.LeggiByte(nome);
     }
     std::string Txt(const OpzioniStampa& o, const std::string& nome = "relazione.txt") {
-        const EsitoStampa e = PrintTXTFile(d, a, o, uscita.Percorso(nome), av, msg);
+        const EsitoStampa e = RelazioneSuFile(s, false, o, uscita.Percorso(nome), av, msg);
         EXPECT_TRUE(e.riuscita) << TestoErroreStampa("Stampa su file TXT.", e);
         return uscita.LeggiByte(nome);
     }

@@ -81,7 +81,7 @@ struct ReteAMano : ::testing::Test {
     ProgettoAperto p;
     void SetUp() override {
         p.programma.CopiaDa(FORNAX_BUILD_DATA_DIR);
-        ASSERT_TRUE(CaricaArchivi(p.a, p.d, p.programma.Percorso(), p.av, p.msg, true));
+        ASSERT_TRUE(CaricaArchivi(p.s, p.programma.Percorso(), p.av, p.msg, true));
     }
     // Table `t` of the column file replaced by columns of the given keys, weights and patterns.
     void Colonne(int t, std::vector<std::tuple<int16_t, int16_t, std::string, std::string, std::string>> def) {
@@ -341,7 +341,7 @@ TEST_F(ReteAMano, CopertinaReteInPressione) {
     T(1).ID_VELOCITA = 12.5f;
     T(2) = Tronco{};
     T(2).ID_VELOCITA = 19.333f;  // reached or not, every record counts
-    CopertinaRelazione c = Copertina(p.d, p.a);
+    CopertinaRelazione c = Copertina(p.d);
     EXPECT_EQ(c.titolo, "Rete gas in pressione");
     EXPECT_EQ(c.riferimento, std::string(70, 'R'));
     EXPECT_EQ(c.pressioneIniziale, " 300.00  kPa");
@@ -353,14 +353,14 @@ TEST_F(ReteAMano, CopertinaReteInPressione) {
 
     T(1).ID_CONTEMP = 0;
     try {
-        Copertina(p.d, p.a);
+        Copertina(p.d);
         ADD_FAILURE();
     } catch (const ErroreEsecuzione& e) {
         EXPECT_EQ(e.Codice(), 11);
     }
     T(1).ID_P_TRONCO = 0;
     try {
-        Copertina(p.d, p.a);
+        Copertina(p.d);
         ADD_FAILURE();
     } catch (const ErroreEsecuzione& e) {
         EXPECT_EQ(e.Codice(), 6);

@@ -12,7 +12,7 @@
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "core/ServiziProva.h"
-#include "documento/Sessione.h"
+#include "sessione/Sessione.h"
 #include "tests/comune/CartellaProva.h"
 
 namespace fornax::prova {
@@ -20,9 +20,9 @@ namespace fornax::prova {
 struct AmbienteUi {
     CartellaProva cartella{"ui"};
     Archivi a;
-    Documento d;
     ImpostazioniInMemoria imp;
-    Sessione s{imp};
+    Sessione s{a, imp};
+    Documento& d = s.d;
     MessaggiRegistrati msg;
 
     AmbienteUi() {

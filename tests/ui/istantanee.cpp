@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
     amb->s.mru.AddItem(prova::AmbienteUi::Esempio("rete-media-pressione.RTG"));
     amb->s.mru.AddItem(prova::AmbienteUi::Esempio("appartamento.RTG"));
 
-    frmMainForm form(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm form(amb->s, amb->msg);
     form.ParametriDopoNuovo = false;
     form.resize(1366, 740);
     form.show();

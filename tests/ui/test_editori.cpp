@@ -210,7 +210,7 @@ void TestEditoriArchivi::gasNuovoECancellazione() {
 
 void TestEditoriArchivi::gasDalMenuAggiornaProgettoELista() {
     auto amb = prova::NuovoAmbiente();
-    frmMainForm f(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm f(amb->s, amb->msg);
     f.show();
     QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
     amb->d.DpMax = 90;
@@ -248,7 +248,7 @@ void TestEditoriArchivi::gasDalMenuAggiornaProgettoELista() {
 
 void TestEditoriArchivi::gasDaiParametri() {
     auto amb = prova::NuovoAmbiente();
-    frmMainForm f(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm f(amb->s, amb->msg);
     f.show();
     QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
     bool listaAggiornata = false;
@@ -339,7 +339,7 @@ void TestEditoriArchivi::tubazioniGrigliaESpessore() {
 
 void TestEditoriArchivi::tubazioniNuovaCancellaEListaDellaGriglia() {
     auto amb = prova::NuovoAmbiente();
-    frmMainForm f(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm f(amb->s, amb->msg);
     f.show();
     QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
     auto* listaGriglia = Figlio<QComboBox>(f.FinestraDocumento(), "Combo1");

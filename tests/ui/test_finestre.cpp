@@ -70,7 +70,7 @@ void TestFinestre::parametriCambiaLaNormaERicalcola() {
     auto amb = prova::NuovoAmbiente();
     // The 1992 edition of this folder allows less than the 2008 one.
     amb->cartella.Scrivi("PDCMAX_1992.CFG", " 35 \n 30 \n 40 \n 80 \n 30 \n 30 \n 80 \n");
-    frmMainForm f(amb->d, amb->a, amb->s, amb->msg);
+    frmMainForm f(amb->s, amb->msg);
     f.show();
     QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
     GasGrid* g = f.FinestraDocumento();
@@ -79,7 +79,7 @@ void TestFinestre::parametriCambiaLaNormaERicalcola() {
     dpmax->setCurrentIndex(0);
     emit dpmax->activated(0);
     QCOMPARE(amb->d.DpMax, 0.0);
-    QCOMPARE(LimitePdc(amb->a, amb->d), 100.0f);
+    QCOMPARE(LimitePdc(amb->d), 100.0f);
     const float prima = MassimaPerditaPercorso(amb->d);
     QVERIFY(prima > 40.0f);
 
@@ -92,8 +92,8 @@ void TestFinestre::parametriCambiaLaNormaERicalcola() {
     f.findChild<QAction*>(QStringLiteral("ParametriMnu"))->trigger();
     QCOMPARE(amb->d.Normativa, 1);
     QCOMPARE(amb->d.Riferimento, std::string("Villa Bianchi"));
-    QCOMPARE(amb->a.Pdc.NomeFilePdc, std::string("PDCMAX_1992.CFG"));
-    QCOMPARE(LimitePdc(amb->a, amb->d), 40.0f);
+    QCOMPARE(amb->d.Pdc.NomeFilePdc, std::string("PDCMAX_1992.CFG"));
+    QCOMPARE(LimitePdc(amb->d), 40.0f);
     QCOMPARE(amb->d.ReteModificata, VERO);
     // Recalculated at once: the sizes grew so that every path keeps within the new limit, and
     // the grid shows the new results.
@@ -240,7 +240,7 @@ void TestFinestre::sostituzioniDiGasETubazioni() {
     });
     risponditore.start();
     AvanzamentoNullo av;
-    QVERIFY(LeggiProgetto(amb->d, amb->a, amb->cartella.Percorso("ignoto.RTG"), msg, av));
+    QVERIFY(ApriProgetto(amb->s, amb->cartella.Percorso("ignoto.RTG"), msg, av));
     risponditore.stop();
 
     // The gas list is offered for the gas, the material list for the material, once each.
@@ -258,8 +258,8 @@ void TestFinestre::sostituzioniDiGasETubazioni() {
 void TestFinestre::lunghezzeEquivalentiDelleRetiInPressione() {
     auto amb = prova::NuovoAmbiente();
     amb->d.ReteInPressione = FALSO;
-    CaricaSpecialiInterni(amb->a);
-    const float interna = amb->a.Speciali[1].Lunghezza[1][1];
+    CaricaSpecialiInterni(amb->d.Speciali);
+    const float interna = amb->d.Speciali[1].Lunghezza[1][1];
     frmSpeciali f(amb->a, amb->msg);
     f.show();
     // The dialog shows the file's table, not the built-in one in force.
@@ -269,12 +269,12 @@ void TestFinestre::lunghezzeEquivalentiDelleRetiInPressione() {
     Figlio<QLineEdit>(&f, "txtDesc10")->clear();
     Figlio<QPushButton>(&f, "cmdOK")->click();
     QVERIFY(f.Salvato());
-    QCOMPARE(amb->a.Speciali[1].Lunghezza[1][1], interna);
-    Archivi riletti;
-    riletti.Cartella = amb->cartella.Percorso();
-    QVERIFY(CaricaSpecialiPressione(riletti, amb->msg));
-    QCOMPARE(riletti.Speciali[1].Lunghezza[1][1], 0.9f);
-    QCOMPARE(riletti.Speciali[10].Nome, std::string("-"));
+    QCOMPARE(amb->d.Speciali[1].Lunghezza[1][1], interna);
+    TabellaSpeciali riletti{};
+    QVERIFY(CaricaSpecialiPressione(riletti, amb->cartella.Percorso(), amb->msg));
+    QCOMPARE(riletti[1].Lunghezza[1][1], 0.9f);
+    QCOMPARE(riletti[10].Nome, std::string("-"));
+    QCOMPARE(f.Tabella()[1].Lunghezza[1][1], 0.9f);
 }
 
 void TestFinestre::perditeDiCaricoPredefinite() {
@@ -293,10 +293,10 @@ void TestFinestre::perditeDiCaricoPredefinite() {
     Figlio<QLineEdit>(&f, "txtPotenza1_2")->setText(QStringLiteral("0"));
     Figlio<QLineEdit>(&f, "txtPotenza2_3")->setText(QStringLiteral("150,5"));
     Figlio<QPushButton>(&f, "cmdOK")->click();
-    QCOMPARE(amb->a.Pdc.SogliaPotenza, 40.0f);
+    QCOMPARE(f.Tabella().SogliaPotenza, 40.0f);
     // A value of 0 takes the default back.
-    QCOMPARE(amb->a.Pdc.PdcMax[1][2], 100.0f);
-    QCOMPARE(amb->a.Pdc.PdcMax[2][3], 150.5f);
+    QCOMPARE(f.Tabella().PdcMax[1][2], 100.0f);
+    QCOMPARE(f.Tabella().PdcMax[2][3], 150.5f);
     const std::string file = amb->cartella.LeggiByte("PDCMAX_2008.CFG");
     QVERIFY(file.rfind(" 40 \r\n", 0) == 0);
     QVERIFY(file.find(" 150.5 ") != std::string::npos);

@@ -31,13 +31,12 @@ private:
         g.reset();  // the window goes before the document it shows
         amb = prova::NuovoAmbiente();
         if (progetto.empty()) {
-            amb->d.ReteInPressione = pressione ? VERO : FALSO;
-            if (pressione) CaricaSpecialiPressione(amb->a, amb->msg);
+            QVERIFY(NuovoProgetto(amb->s, pressione, amb->msg));
         } else {
             AvanzamentoNullo av;
-            QVERIFY(LeggiProgetto(amb->d, amb->a, progetto, amb->msg, av));
+            QVERIFY(ApriProgetto(amb->s, progetto, amb->msg, av));
         }
-        g = std::make_unique<GasGrid>(amb->d, amb->a, amb->s, amb->msg);
+        g = std::make_unique<GasGrid>(amb->s, amb->msg);
         g->resize(1300, 600);
         g->show();
         g->activateWindow();

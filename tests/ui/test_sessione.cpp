@@ -3,6 +3,7 @@
 // files, the gas list, the calculation switches and the zoom, damaged settings.
 #include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -16,6 +17,7 @@
 #include "documento/Progetto.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
+#include "tests/comune/EseguiComando.h"
 #include "tests/ui/AmbienteUi.h"
 
 using namespace fornax;
@@ -31,7 +33,7 @@ private:
     void Crea() {
         f.reset();
         amb = prova::NuovoAmbiente();
-        f = std::make_unique<frmMainForm>(amb->d, amb->a, amb->s, amb->msg);
+        f = std::make_unique<frmMainForm>(amb->s, amb->msg);
         f->ParametriDopoNuovo = false;
         f->AttivitaDopoChiusura = false;
         f->show();
@@ -71,6 +73,7 @@ private slots:
     void interruttoriEZoom();
     void impostazioniRovinateNonFermanoIlProgramma();
     void manualeMancante();
+    void salvaComeLaRigaDiComando();
 };
 
 void TestSessione::rigaDiComando() {
@@ -166,15 +169,16 @@ void TestSessione::nuoviProgettiDeiDueTipi() {
     QCOMPARE(amb->d.ReteInPressione, FALSO);
     QCOMPARE(amb->d.OrientamentoSorgente, int16_t(0));
     QCOMPARE(amb->d.SlotCorrente, int16_t(1));
-    // The limit in force becomes the default text of the imposed limit.
-    QCOMPARE(amb->a.Default.DefaultDpMax, std::string("100"));
-    QCOMPARE(amb->a.Speciali[1].Lunghezza[2][1], 0.2f);
+    // The limit in force is shown above the grid.
+    QCOMPARE(f->FinestraDocumento()->findChild<QLabel*>(QStringLiteral("lblLimite"))->text(),
+             QStringLiteral("Perdita massima ammessa: 100 Pa"));
+    QCOMPARE(amb->d.Speciali[1].Lunghezza[2][1], 0.2f);
 
     QVERIFY(f->NuovoProgetto(true));
     QCOMPARE(f->FinestraDocumento()->TipoGriglia, 5);
     QCOMPARE(amb->d.OrientamentoSorgente, int16_t(1));
-    QCOMPARE(amb->a.Speciali[1].Nome, std::string("CURVA"));
-    QCOMPARE(amb->a.Speciali[1].Lunghezza[1][1], 0.7f);
+    QCOMPARE(amb->d.Speciali[1].Nome, std::string("CURVA"));
+    QCOMPARE(amb->d.Speciali[1].Lunghezza[1][1], 0.7f);
 
     // Without the fittings table of pressure networks there is no pressure network.
     std::filesystem::remove(amb->cartella.Percorso("EQLEN.CFG"));
@@ -304,16 +308,17 @@ void TestSessione::impostazioniRovinateNonFermanoIlProgramma() {
         out << "[MRUFileList\nItem1\n\x01\x02garbage==\n[Recent]\nLastWorkDirectory=\"senza fine\n";
     }
     ImpostazioniFile imp(percorso);
-    Sessione s(imp);
+    Sessione s(amb2->a, imp);
     s.mru.Setup("MRUFileList", 4);
     s.mru.Load();
-    frmMainForm form(amb2->d, amb2->a, s, amb2->msg);
+    s.d = amb2->d;
+    frmMainForm form(s, amb2->msg);
     form.ParametriDopoNuovo = false;
     QVERIFY(form.NuovoProgetto(false));
     s.mru.AddItem("/tmp/prova.RTG");
     ImpostazioniFile riletta(percorso);
     QCOMPARE(riletta.Leggi("MRUFileList", "Item1"), std::string("/tmp/prova.RTG"));
-    amb2->d.ReteModificata = FALSO;
+    s.d.ReteModificata = FALSO;
 }
 
 void TestSessione::manualeMancante() {
@@ -323,6 +328,41 @@ void TestSessione::manualeMancante() {
     const std::string& t = amb->msg.mostrati[0].testo;
     QVERIFY(t.rfind("Impossibile visualizzare il manuale '", 0) == 0);
     QVERIFY(t.find("Fornax5.htm'. Provare a lanciarlo manualmente da Internet Explorer") != std::string::npos);
+}
+
+// The same project saved by the desktop and by fornax-cli, on the same program folder, is the
+// same file: both open it through the session (the leak-test page filled, the firm's defaults
+// into an empty firm, the verdict judged) and save it through the session.
+void TestSessione::salvaComeLaRigaDiComando() {
+    for (const char* nome : {"appartamento.RTG", "bifamiliare-gpl.RTG", "rete-media-pressione.RTG"}) {
+        Crea();
+        // The samples leave the firm empty: the page fills it from the program's folder.
+        const std::string progetto = Copia(nome);
+        {
+            std::ofstream out(amb->cartella.Percorso("TENIMPTECDEF.CFG"), std::ios::binary | std::ios::trunc);
+            out << "4.0\r\nImpianti Verdi snc\r\nVia Po 3, Torino\r\n011 555 0101\r\nMario Verdi\r\n";
+        }
+        const std::string riga = amb->cartella.Percorso("riga.RTG");
+        const prova::Esito e = prova::EseguiComando(
+            "'" FORNAX_CLI "' --data '" + amb->cartella.Percorso() + "' save '" + progetto + "' '" + riga + "'",
+            amb->cartella.Percorso("stderr.txt"));
+        QCOMPARE(e.stato, 0);
+
+        QVERIFY(f->ApriPercorso(QString::fromStdString(progetto)));
+        const std::string desktop = amb->cartella.Percorso("desktop.RTG");
+        f->DialogoSalva = [&] { return QString::fromStdString(desktop); };
+        Azione("SaveAsMnu")->trigger();
+        QVERIFY(std::filesystem::exists(desktop));
+        const std::string daDesktop = prova::CartellaProva::LeggiFile(desktop);
+        const std::string daRiga = prova::CartellaProva::LeggiFile(riga);
+        size_t k = 0;
+        while (k < daDesktop.size() && k < daRiga.size() && daDesktop[k] == daRiga[k]) ++k;
+        QVERIFY2(daDesktop == daRiga, (std::string(nome) + ": desktop '" + daDesktop.substr(k, 60) +
+                                       "' riga di comando '" + daRiga.substr(k, 60) + "'")
+                                          .c_str());
+        QVERIFY(daDesktop.find("Mario Verdi") != std::string::npos);
+        cleanup();
+    }
 }
 
 QTEST_MAIN(TestSessione)
