@@ -1,0 +1,48 @@
+#pragma once
+// The printer report's device on a QPrinter: a printer of the system (CUPS) or a PDF file.
+// The report's twips are turned into the printer's own units here; fonts are set in points,
+// which the printer scales by itself (the painter is never scaled as well). The document
+// begins with the first thing drawn.
+
+#include <QFont>
+#include <QPainter>
+
+#include "reports/Stampante.h"
+
+class QPrinter;
+
+namespace fornax::ui {
+
+class DispositivoQPrinter final : public DispositivoStampa {
+public:
+    explicit DispositivoQPrinter(QPrinter& p);
+    ~DispositivoQPrinter() override;
+    DispositivoQPrinter(const DispositivoQPrinter&) = delete;
+    DispositivoQPrinter& operator=(const DispositivoQPrinter&) = delete;
+
+    int Larghezza() const override;
+    int Altezza() const override;
+    bool ImpostaFont(const Carattere& c) override;
+    double LarghezzaTesto(std::string_view testo) const override;
+    double AltezzaTesto(std::string_view testo) const override;
+    void Testo(double x, double y, std::string_view testo) override;
+    void Linea(double x1, double y1, double x2, double y2) override;
+    void Immagine(double x, double y, double larghezza, double altezza, const std::string& file) override;
+    void NuovaPagina() override;
+    void FineDocumento() override;
+    bool ImpostaOrientamento(int orientamento) override;
+
+    // Whether the font the system gives for `nome` is that font or one made to its measures
+    // ("Arial" is Liberation Sans on Linux).
+    static bool FontEquivalente(const QString& nome, const QString& risolto);
+
+private:
+    void Inizia();
+    double Px(double twip) const { return twip * dpi_ / 1440.0; }
+    QPrinter& p_;
+    QPainter painter_;
+    QFont font_;
+    double dpi_;
+};
+
+}  // namespace fornax::ui
