@@ -367,6 +367,10 @@ void ImpaginatoreStampante::FineSezioni() {
     if (pagina_ > 0) {
         dev_.FineDocumento();
         ++documenti_;
+        // The schema's page, if any, begins a document of its own.
+        pagineFinite_ += pagina_;
+        pagina_ = 0;
+        inSospeso_ = false;
     }
 }
 
@@ -377,7 +381,6 @@ void ImpaginatoreStampante::Schema() {
     g_ = ImpostaPagina(dev_.Larghezza(), dev_.Altezza(), o_.proporzioni);
     font_ = Carattere{};
     ImpostaFont("Arial");
-    if (pagina_ > 0) NuovaPagina();
     Pronto();
     o_.schema(PaginaSchemaStampa{dev_, g_, o_.adattaSchema});
     dev_.FineDocumento();

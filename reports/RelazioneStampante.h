@@ -40,7 +40,7 @@ public:
     double CurrentY = 0;
     const GeometriaPagina& Geometria() const { return g_; }
     int Pagina() const { return pagina_; }
-    int Pagine() const { return pagina_; }
+    int Pagine() const { return pagineFinite_ + pagina_; }
     int Documenti() const { return documenti_; }
 
 private:
@@ -70,7 +70,8 @@ private:
     GeometriaPagina g_;
     Carattere font_;
     std::set<std::string> fontSegnalati_;
-    int pagina_ = 0;                   // pages begun on the device
+    int pagina_ = 0;                   // pages begun on the device in the document in progress
+    int pagineFinite_ = 0;             // pages of the documents ended
     int documenti_ = 0;                // documents ended
     bool inSospeso_ = false;           // a new page was asked for and nothing is on it yet
     bool piede_ = false;               // the page in progress has its footer

@@ -58,7 +58,11 @@ double DispositivoQPrinter::AltezzaTesto(std::string_view) const {
 }
 
 void DispositivoQPrinter::Inizia() {
-    if (painter_.isActive()) return;
+    if (painter_.isActive()) {
+        if (finito_ && !p_.newPage()) throw std::runtime_error("la stampante non accetta una pagina nuova");
+        finito_ = false;
+        return;
+    }
     if (!painter_.begin(&p_)) throw std::runtime_error("la stampante non accetta il documento");
     painter_.setFont(font_);
     QPen penna(Qt::black);
@@ -91,9 +95,13 @@ void DispositivoQPrinter::NuovaPagina() {
 }
 
 void DispositivoQPrinter::FineDocumento() {
-    if (!painter_.isActive()) return;
-    if (!painter_.end() || p_.printerState() == QPrinter::Error)
-        throw std::runtime_error("la stampante non ha concluso il documento");
+    if (painter_.isActive()) finito_ = true;
+}
+
+bool DispositivoQPrinter::Chiudi() {
+    finito_ = false;
+    if (!painter_.isActive()) return true;
+    return painter_.end() && p_.printerState() != QPrinter::Error;
 }
 
 bool DispositivoQPrinter::ImpostaOrientamento(int orientamento) {

@@ -2,7 +2,9 @@
 // The printer report's device on a QPrinter: a printer of the system (CUPS) or a PDF file.
 // The report's twips are turned into the printer's own units here; fonts are set in points,
 // which the printer scales by itself (the painter is never scaled as well). The document
-// begins with the first thing drawn.
+// begins with the first thing drawn. The report's two documents (the text pages, then the
+// landscape schema page) go out as one job, so that a PDF file holds both: the end of the
+// first is a page break, and Chiudi ends the job.
 
 #include <QFont>
 #include <QPainter>
@@ -34,6 +36,9 @@ public:
 
     // Whether the font the system gives for `nome` is that font or one made to its measures
     // ("Arial" is Liberation Sans on Linux).
+    // Ends the job; false when the printer or the file did not take it.
+    bool Chiudi();
+
     static bool FontEquivalente(const QString& nome, const QString& risolto);
 
 private:
@@ -43,6 +48,7 @@ private:
     QPainter painter_;
     QFont font_;
     double dpi_;
+    bool finito_ = false;  // a document ended: the next thing drawn starts a page
 };
 
 }  // namespace fornax::ui

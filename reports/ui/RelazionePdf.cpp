@@ -6,6 +6,7 @@
 #include <QPrinter>
 #include <memory>
 
+#include "core/Servizi.h"
 #include "reports/ui/Carta.h"
 #include "reports/ui/DispositivoQPrinter.h"
 
@@ -45,7 +46,12 @@ EsitoStampante StampaPdf(Documento& d, Archivi& a, const OpzioniStampante& o, co
     printer.setPageSize(ui::FormatoCarta(carta.codice));
     printer.setPageOrientation(carta.orizzontale ? QPageLayout::Landscape : QPageLayout::Portrait);
     ui::DispositivoQPrinter dev(printer);
-    return Print(d, a, o, dev, av, msg);
+    EsitoStampante e = Print(d, a, o, dev, av, msg);
+    if (!dev.Chiudi() && e.riuscita) {
+        msg.Mostra(ERRORE_DI_STAMPA);
+        e.riuscita = false;
+    }
+    return e;
 }
 
 }  // namespace fornax

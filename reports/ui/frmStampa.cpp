@@ -183,7 +183,9 @@ frmStampa::frmStampa(Documento& d, Archivi& a, Impostazioni& imp, Messaggi& msg,
 
 void frmStampa::AggiornaStampante() {
     const bool presenti = StampantiPresenti();
-    PrinterSelectedTxt->setText(TestoStampante(StampanteCorrente(imp_)));
+    StampanteScelta scelta = StampanteCorrente(imp_);
+    if (!presenti) scelta.nome = STAMPANTE_PDF;
+    PrinterSelectedTxt->setText(TestoStampante(scelta));
     lblPdf->setVisible(!presenti && PdfPossibile);
 }
 
@@ -279,7 +281,11 @@ EsitoStampante frmStampa::StampaPredefinita(const OpzioniStampante& o, const std
     DispositivoQPrinter dev(printer);
     frmPrintWait attesa(this);
     attesa.show();
-    const EsitoStampante e = Print(d_, a_, o, dev, attesa, msg_);
+    EsitoStampante e = Print(d_, a_, o, dev, attesa, msg_);
+    if (!dev.Chiudi() && e.riuscita) {
+        msg_.Mostra(ERRORE_DI_STAMPA);
+        e.riuscita = false;
+    }
     attesa.close();
     return e;
 }

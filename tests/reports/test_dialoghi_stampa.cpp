@@ -149,7 +149,8 @@ private slots:
         SenzaDialoghiDiFile(f);
         r.Collega(f);
         f.StampantiPresenti = [] { return true; };
-        // The machine of the tests has no printer: the printer's report goes to PDF files.
+        // The PDF file chosen among the printers: a file for each copy.
+        e->imp.Scrivi("Stampa", "Stampante", "File PDF");
         int pdf = 0;
         f.ChiediFilePdf = [&] { return e->cartella.Percorso("copia" + std::to_string(++pdf) + ".pdf"); };
         const std::string minore = "Attenzione: Il numero di stampe impostate è minore di 1.";
@@ -216,6 +217,7 @@ private slots:
             SenzaDialoghiDiFile(f);
             r.Collega(f);
             f.StampantiPresenti = [] { return true; };
+            e->imp.Scrivi("Stampa", "Stampante", "File PDF");
             f.ChiediFilePdf = [&] { return e->cartella.Percorso("logo.pdf"); };
             QTest::mouseClick(f.SSCommand1[0], Qt::LeftButton);
             e->msg.mostrati.clear();

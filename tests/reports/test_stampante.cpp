@@ -286,6 +286,19 @@ TEST_F(Stampante, SoloLoSchema) {
     EXPECT_EQ(dev.operazioni.size(), 1u);
     EXPECT_EQ(dev.Trova("Pagina: 1"), nullptr);
 
+    // After the text sections: their document ends first, the schema's page is a second one.
+    o.stampa.selezione = ReportSelection::Completa();
+    DispositivoRegistrato tutto;
+    const EsitoStampante completo = Stampa(tutto);
+    EXPECT_EQ(chiamate, 2);
+    EXPECT_EQ(completo.documenti, 2);
+    ASSERT_FALSE(tutto.operazioni.empty());
+    const Op& ultima = tutto.operazioni.back();
+    EXPECT_EQ(ultima.documento, 2);
+    EXPECT_EQ(ultima.pagina, 1);
+    EXPECT_EQ(completo.pagine, tutto.pagine);
+    EXPECT_EQ(tutto.orientamento, 1);
+
     // A printer that refuses landscape: the message, and the run goes on.
     o.schema = [](const PaginaSchemaStampa& s) { EXPECT_EQ(s.dispositivo.Larghezza(), 11906); };
     DispositivoRegistrato verticale;
