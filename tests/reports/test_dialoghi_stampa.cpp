@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include "app/frmMainForm.h"
 #include "core/FileTesto.h"
 #include "core/ui/Controlli.h"
 #include "documento/Progetto.h"
@@ -333,6 +334,19 @@ private slots:
         QVERIFY(m.LoadManuale());
         QCOMPARE(m.Text1->toPlainText(), QStringLiteral("Caffè e stampa\nseconda riga"));
         QVERIFY(m.Text1->isReadOnly());
+    }
+
+    // The main frame offers printing once a project is open.
+    void ComandiDelFrame() {
+        auto e = prova::NuovoAmbiente();
+        frmMainForm m(e->d, e->a, e->s, e->msg);
+        m.AttivitaDopoChiusura = false;
+        auto* stampa = m.findChild<QAction*>(QStringLiteral("StampaMnu"));
+        QVERIFY(stampa && m.findChild<QAction*>(QStringLiteral("mnuImpostaStampante")));
+        QCOMPARE(stampa->text(), QStringLiteral("S&tampa..."));
+        QVERIFY(!stampa->isEnabled());
+        QVERIFY(m.ApriPercorso(QString::fromStdString(AmbienteUi::Esempio("appartamento.RTG"))));
+        QVERIFY(stampa->isEnabled());
     }
 
     void StampantiECarta() {
