@@ -6,6 +6,8 @@
 #include <QPrinter>
 #include <memory>
 
+#include <unistd.h>
+
 #include "core/Servizi.h"
 #include "reports/ui/Carta.h"
 #include "reports/ui/DispositivoQPrinter.h"
@@ -21,7 +23,7 @@ void ApplicazioneGrafica() {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     // Qt wants a private runtime folder; a shell without a session has none.
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        const QString cartella = QDir::tempPath() + QStringLiteral("/fornax-runtime-") + qEnvironmentVariable("USER");
+        const QString cartella = QDir::tempPath() + QStringLiteral("/fornax-runtime-") + QString::number(::getuid());
         if (QDir().mkpath(cartella)) {
             QFile::setPermissions(cartella, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
             qputenv("XDG_RUNTIME_DIR", cartella.toLocal8Bit());
