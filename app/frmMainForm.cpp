@@ -13,6 +13,7 @@
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTableView>
 #include <QToolBar>
 #include <QUrl>
@@ -33,6 +34,9 @@
 #include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
 #include "housekeeping/ui/frmHints.h"
+#include "reports/ui/frmManuale.h"
+#include "reports/ui/frmSelectPrinter.h"
+#include "reports/ui/frmStampa.h"
 
 namespace fornax::ui {
 
@@ -82,6 +86,7 @@ frmMainForm::frmMainForm(Sessione& s, Messaggi& msg, QWidget* padre)
     setCentralWidget(centro_);
 
     CreaComandi();
+    CreaComandiStampa();
     lblStato = new QLabel(this);
     statusBar()->addWidget(lblStato, 1);
 
@@ -292,7 +297,8 @@ void frmMainForm::AggiornaMRU() {
 
 void frmMainForm::AggiornaComandi() {
     const bool aperto = doc_ != nullptr;
-    for (QAction* act : {actSalva, actSalvaCome, actParametri, actCalcola, actDiametri, actZoomPiu, actZoomMeno})
+    for (QAction* act :
+         {actSalva, actSalvaCome, actParametri, actCalcola, actDiametri, actZoomPiu, actZoomMeno, actStampa})
         act->setEnabled(aperto);
     ComboGas->setEnabled(aperto);
     actAutomatico->setChecked(s_.RicalcoloAutomatico != FALSO);
@@ -650,6 +656,58 @@ void frmMainForm::ZoomMeno() {
     if (!doc_) return;
     ImpostaZoom(s_, s_.Zoom - 1);
     doc_->Rescale();
+}
+
+}  // namespace fornax::ui
+
+// ---- Printing ----
+
+namespace fornax::ui {
+
+void frmMainForm::CreaComandiStampa() {
+    actStampa =
+        new QAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView), QStringLiteral("S&tampa..."), this);
+    actStampa->setObjectName(QStringLiteral("StampaMnu"));
+    actStampa->setToolTip(QStringLiteral("Stampa"));
+    actStampa->setStatusTip(QStringLiteral("Stampa"));
+    actStampa->setShortcut(QKeySequence::Print);
+    connect(actStampa, &QAction::triggered, this, &frmMainForm::StampaMnu);
+    actImpostaStampante = new QAction(QStringLiteral("&Imposta Stampante..."), this);
+    actImpostaStampante->setObjectName(QStringLiteral("mnuImpostaStampante"));
+    connect(actImpostaStampante, &QAction::triggered, this, &frmMainForm::mnuImpostaStampante);
+    actManualeTesto = new QAction(QStringLiteral("Manuale in formato &testo..."), this);
+    actManualeTesto->setObjectName(QStringLiteral("mnuManualeTesto"));
+    connect(actManualeTesto, &QAction::triggered, this, &frmMainForm::mnuManualeTesto);
+
+    // In the File menu before the recent files; on the tool bar beside the files.
+    QMenu* file = menuBar()->actions().front()->menu();
+    file->insertAction(actRecenti[0], actStampa);
+    file->insertAction(actRecenti[0], actImpostaStampante);
+    file->insertSeparator(actRecenti[0]);
+    QMenu* aiuto = menuBar()->actions().back()->menu();
+    aiuto->insertAction(actAbout, actManualeTesto);
+    if (auto* barra = findChild<QToolBar*>(QStringLiteral("barraComandi")))
+        barra->insertAction(actParametri, actStampa);
+}
+
+void frmMainForm::StampaMnu() {
+    if (!doc_) return;
+    doc_->TerminaModifica();
+    frmStampa f(d_, a_, s_.imp, msg_, this);
+    f.exec();
+    // The run recalculated the network: the page shows what was printed.
+    if (doc_) doc_->AggiornaCalcoli();
+    AggiornaComandi();
+}
+
+void frmMainForm::mnuImpostaStampante() {
+    frmSelectPrinter f(s_.imp, this);
+    f.exec();
+}
+
+void frmMainForm::mnuManualeTesto() {
+    frmManuale f(a_.Cartella, msg_, this);
+    if (f.LoadManuale()) f.exec();
 }
 
 }  // namespace fornax::ui

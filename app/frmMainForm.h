@@ -51,6 +51,10 @@ public:
     void cmdDiamLocked();
     void ZoomPiu();
     void ZoomMeno();
+    // Printing: the print dialog, the printer and paper, the text manual.
+    void StampaMnu();
+    void mnuImpostaStampante();
+    void mnuManualeTesto();
 
     // Opens a file by its path (command line, recent files): false when nothing was opened.
     bool ApriPercorso(const QString& percorso);
@@ -84,6 +88,7 @@ protected:
 
 private:
     void CreaComandi();
+    void CreaComandiStampa();
     void AggiornaTitolo();
     void AggiornaMRU();
     void AggiornaComandi();
@@ -125,6 +130,9 @@ private:
     QAction* actDiametri = nullptr;
     QAction* actZoomPiu = nullptr;
     QAction* actZoomMeno = nullptr;
+    QAction* actStampa = nullptr;
+    QAction* actImpostaStampante = nullptr;
+    QAction* actManualeTesto = nullptr;
     std::array<QAction*, 4> actRecenti{};
     QComboBox* ComboGas = nullptr;
     QLineEdit* txtScaleW = nullptr;

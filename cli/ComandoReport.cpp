@@ -1,5 +1,6 @@
 // fornax-cli report: the calculation report of a project as an HTML or a text file, written
-// exactly as the desktop's print dialog writes it to a file.
+// exactly as the desktop's print dialog writes it to a file, or the printer's report as a PDF
+// file (where the desktop is built: the PDF needs Qt's printer).
 #include <ctime>
 #include <iostream>
 #include <string>
@@ -8,8 +9,13 @@
 #include "cli/Caricamento.h"
 #include "core/Cartelle.h"
 #include "core/ImpostazioniFile.h"
+#include "core/Numeri.h"
 #include "core/Servizi.h"
 #include "reports/Stampa.h"
+#include "reports/Stampante.h"
+#ifdef FORNAX_PDF
+#include "reports/ui/RelazionePdf.h"
+#endif
 
 namespace fornax::cli {
 
@@ -20,6 +26,7 @@ struct OpzioniReport {
     std::string uscita;
     std::string sezioni = "AABAAAAA";  // all but the schema
     std::string data;
+    std::string percentoX, percentoY;  // the printable area of the PDF
     bool sovrascrivi = false;
     std::vector<std::string> resto;  // the project and the loading options
 };
@@ -63,6 +70,10 @@ bool Leggi(const std::vector<std::string>& argomenti, OpzioniReport& o) {
             if (!valore(o.sezioni)) return false;
         } else if (x == "--data-stampa") {
             if (!valore(o.data)) return false;
+        } else if (x == "--percento-x") {
+            if (!valore(o.percentoX)) return false;
+        } else if (x == "--percento-y") {
+            if (!valore(o.percentoY)) return false;
         } else if (x == "--sovrascrivi") {
             o.sovrascrivi = true;
         } else if (x == "--sostituisci") {
@@ -74,7 +85,15 @@ bool Leggi(const std::vector<std::string>& argomenti, OpzioniReport& o) {
             o.resto.push_back(x);
         }
     }
-    if (o.formato != "html" && o.formato != "txt") return Errore("--format richiede html o txt");
+    if (o.formato != "html" && o.formato != "txt" && o.formato != "pdf")
+        return Errore("--format richiede html, txt o pdf");
+    for (const std::string* p : {&o.percentoX, &o.percentoY}) {
+        if (p->empty()) continue;
+        if (o.formato != "pdf") return Errore("--percento-x e --percento-y valgono solo con --format pdf");
+        if (p->find_first_not_of("0123456789") != std::string::npos || p->size() > 3 || std::stoi(*p) < 80 ||
+            std::stoi(*p) > 120)
+            return Errore("--percento-x e --percento-y richiedono un numero intero da 80 a 120");
+    }
     if (o.uscita.empty()) return Errore("indicare il file da scrivere con --out FILE");
     if (o.sezioni.size() != 8 || o.sezioni.find_first_not_of("AB") != std::string::npos)
         return Errore("--sezioni richiede otto lettere A (sezione stampata) o B (non stampata), ad esempio AABAAAAA");
@@ -91,9 +110,43 @@ bool Leggi(const std::vector<std::string>& argomenti, OpzioniReport& o) {
     return true;
 }
 
+#ifdef FORNAX_PDF
+// The printable area: the user's settings, unless the command line says otherwise.
+int Percento(const ImpostazioniFile& imp, const char* chiave, const std::string& opzione) {
+    const int v = static_cast<int>(LeggiNumero(opzione.empty() ? imp.Leggi("Stampa", chiave) : opzione));
+    return v > 0 ? v : 100;
+}
+
+#endif
+
+int ReportPdf(ProgettoCli& p, const OpzioniStampa& o, const OpzioniReport& r, const ImpostazioniFile& imp,
+              AvanzamentoNullo& av) {
+#ifdef FORNAX_PDF
+    OpzioniStampante os;
+    os.stampa = o;
+    os.proporzioni.PercentoX = Percento(imp, "X-percent", r.percentoX);
+    os.proporzioni.PercentoY = Percento(imp, "Y-percent", r.percentoY);
+    if (o.logo) os.fileLogo = TrovaFile(p.a.Cartella, "logo.bmp");
+    const EsitoStampante esito = StampaPdf(p.d, p.a, os, r.uscita, av, p.msg);
+    if (!esito.riuscita) return ESITO_PROGETTO;  // the message has been shown
+    std::cout << "Stampa completata (" << esito.pagine << (esito.pagine == 1 ? " pagina" : " pagine") << ")\n";
+    return ESITO_OK;
+#else
+    (void)p, (void)o, (void)r, (void)imp, (void)av;
+    return ESITO_USO;
+#endif
+}
+
 int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     OpzioniReport r;
     if (!Leggi(argomenti, r)) return ESITO_USO;
+#ifndef FORNAX_PDF
+    if (r.formato == "pdf") {
+        std::cerr << "fornax-cli report: la stampa in PDF non e' disponibile in questa versione del programma "
+                     "(costruita senza Qt)\n";
+        return ESITO_USO;
+    }
+#endif
     // The desktop asks before it replaces a file; a script says so with --sovrascrivi.
     if (EsisteFile(r.uscita) && !r.sovrascrivi) {
         std::cerr << DOMANDA_SOVRASCRIVI << "\n(usare --sovrascrivi per sostituirlo)\n";
@@ -117,6 +170,7 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     o.logo = ControllaLogo(p.a.Cartella, p.msg);
 
     AvanzamentoNullo av;
+    if (r.formato == "pdf") return ReportPdf(p, o, r, p.imp, av);
     const bool html = r.formato == "html";
     const EsitoStampa esito = RelazioneSuFile(p.s, html, o, r.uscita, av, p.msg);
     if (!esito.riuscita) {
@@ -130,11 +184,13 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
 
 const bool registrato = RegistraComando(
     {"report",
-     std::string("report PROGETTO.RTG --format html|txt --out FILE [--sezioni LETTERE] [--data-stampa gg/mm/aaaa] "
-                 "[--sovrascrivi] ") +
+     std::string("report PROGETTO.RTG --format html|txt|pdf --out FILE [--sezioni LETTERE] [--data-stampa gg/mm/aaaa] "
+                 "[--percento-x N] [--percento-y N] [--sovrascrivi] ") +
          USO_SOSTITUISCI,
      "scrive la relazione di calcolo (dopo aver ricalcolato la rete). LETTERE: otto lettere A/B per copertina, "
      "tronchi, schema, perdite localizzate, percorso sfavorito, utenze, computo, tenuta; predefinito AABAAAAA. "
+     "Il PDF e' la relazione della stampante, su A4 verticale; --percento-x e --percento-y (80-120) ne "
+     "riducono o allargano l'area stampabile (predefinite: le impostazioni della finestra Pagina). "
      "Lo schema grafico non e' ancora disponibile (A in terza posizione: esito 2). Un file esistente si "
      "sostituisce solo con --sovrascrivi. La data predefinita e' oggi; la ditta si imposta con il comando ditta",
      Report});

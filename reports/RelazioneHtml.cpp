@@ -37,6 +37,24 @@ constexpr const char* kTabellaDati = "<TABLE align='CENTER' cellspacing=0 class=
 constexpr const char* kTabellaDN = "<TABLE align='left' cellspacing=0>";
 constexpr const char* kGrassetto = "<span style=\"font-weight: bold;\">";
 
+// Text of the project, the archives or the settings is never markup: "&", "<" and ">" are
+// written as entities, so that no project can break the page or put a script into it.
+std::string H(std::string_view s) {
+    std::string r;
+    r.reserve(s.size());
+    for (char c : s) {
+        if (c == '&')
+            r += "&amp;";
+        else if (c == '<')
+            r += "&lt;";
+        else if (c == '>')
+            r += "&gt;";
+        else
+            r += c;
+    }
+    return r;
+}
+
 std::string Nbsp(int n) {
     std::string s;
     for (int i = 0; i < n; ++i) s += "&nbsp;";
@@ -401,7 +419,7 @@ void ScrittoreHtml::Prologo() {
     Riga("<HTML>");
     Riga("<HEAD>");
     Riga("<TITLE>");
-    Riga("File printed: " + d_.NomeFileProgetto);
+    Riga("File printed: " + H(d_.NomeFileProgetto));
     Riga("</TITLE>");
     Riga("<STYLE>");
     for (const char* s : kStile) Riga(s);
@@ -429,8 +447,8 @@ void ScrittoreHtml::IntestazioneDi(int16_t p, const char* chiusuraLogo, const st
     else
         Riga("&nbsp;");
     Riga("</TD>");
-    Riga("<TD ALIGN='Left'>" + o_.DittaRiga1 + "<BR>" + o_.DittaRiga2 + "</TD>");
-    Riga("<TD ALIGN='Right'>" + NomeBase() + "</TD>");
+    Riga("<TD ALIGN='Left'>" + H(o_.DittaRiga1) + "<BR>" + H(o_.DittaRiga2) + "</TD>");
+    Riga("<TD ALIGN='Right'>" + H(NomeBase()) + "</TD>");
     Riga("</TR>");
     Riga("</TABLE>");
     Riga(kRigaOrizzontale);
@@ -445,8 +463,8 @@ void ScrittoreHtml::PiePaginaDi(int16_t p, int posizione) {
     Riga(kRigaOrizzontale);
     Riga("<TABLE WIDTH='100' Align='CENTER'>");
     Riga("<TR>");
-    Riga("<TD ALIGN='Left'>" + o_.DataStampa + "</TD>");
-    Riga("<TD ALIGN='CENTER'>" + o_.VersioneProgramma + "</TD>");
+    Riga("<TD ALIGN='Left'>" + H(o_.DataStampa) + "</TD>");
+    Riga("<TD ALIGN='CENTER'>" + H(o_.VersioneProgramma) + "</TD>");
     Riga("<TD ALIGN='Right'>Pagina: " + std::to_string(p) + "</TD>");
     Riga("</TR>");
     Riga("</TABLE>");
@@ -494,32 +512,33 @@ void ScrittoreHtml::ScriviCopertina(const CopertinaRelazione& c) {
     Carica(kTitoloPiccolo);
     Riga("</CENTER>");
     Riga("<BR>");
-    RigaCopertina(campo("fieldtitlebigspace", "Riferimento :", c.riferimento));
-    RigaCopertina(campo("fieldtitlebigspace", "Lavoro" + Nbsp(6) + ":", c.lavoro));
-    RigaCopertina(campo(titolo, "Normativa di riferimento:&nbsp;", c.normativa));
-    RigaCopertina(campo(titolo, "Tipo gas" + Nbsp(8) + ":&nbsp;", c.tipoGas));
-    const std::string densita = campo(titolo, "Densit" + agrave + "&nbsp;:&nbsp;", c.densita);
-    const std::string massa = campo(titolo, "Massa volumica&nbsp;:&nbsp;", c.massaVolumica + " kg/mc");
-    const std::string viscosita = campo(titolo, "Viscosit" + agrave + "&nbsp;:&nbsp;", c.viscosita + " mm&#178;/s");
+    RigaCopertina(campo("fieldtitlebigspace", "Riferimento :", H(c.riferimento)));
+    RigaCopertina(campo("fieldtitlebigspace", "Lavoro" + Nbsp(6) + ":", H(c.lavoro)));
+    RigaCopertina(campo(titolo, "Normativa di riferimento:&nbsp;", H(c.normativa)));
+    RigaCopertina(campo(titolo, "Tipo gas" + Nbsp(8) + ":&nbsp;", H(c.tipoGas)));
+    const std::string densita = campo(titolo, "Densit" + agrave + "&nbsp;:&nbsp;", H(c.densita));
+    const std::string massa = campo(titolo, "Massa volumica&nbsp;:&nbsp;", H(c.massaVolumica) + " kg/mc");
+    const std::string viscosita = campo(titolo, "Viscosit" + agrave + "&nbsp;:&nbsp;", H(c.viscosita) + " mm&#178;/s");
     if (!c.pressione) {
         RigaCopertina(densita + Nbsp(23) + campo(titolo, "Famiglia&nbsp;&nbsp;:&nbsp;", std::to_string(c.famiglia)));
         RigaCopertina(massa + Nbsp(20) + viscosita);
-        RigaCopertina(campo(titolo, "Potere Calorifico inferiore&nbsp;:&nbsp;", c.pci + " MJ/mc") + Nbsp(12) +
-                      campo(titolo, "Potere Calorifico superiore&nbsp;:&nbsp;", c.pcs + " MJ/mc"));
+        RigaCopertina(campo(titolo, "Potere Calorifico inferiore&nbsp;:&nbsp;", H(c.pci) + " MJ/mc") + Nbsp(12) +
+                      campo(titolo, "Potere Calorifico superiore&nbsp;:&nbsp;", H(c.pcs) + " MJ/mc"));
         RigaCopertina(campo(titolo, "Perdita di pressione massima ammessa&nbsp;:&nbsp;",
-                            c.limitePa + " Pa" + Nbsp(4) + "(" + c.limiteMbar + ")"));
-        RigaCopertina(campo(titolo, "Portata totale gas&nbsp;:&nbsp;", c.portataTotale + " Nmc/h"));
+                            H(c.limitePa) + " Pa" + Nbsp(4) + "(" + H(c.limiteMbar) + ")"));
+        RigaCopertina(campo(titolo, "Portata totale gas&nbsp;:&nbsp;", H(c.portataTotale) + " Nmc/h"));
         return;
     }
     RigaCopertina(densita + Nbsp(16) + massa + Nbsp(16) + viscosita);
     RigaCopertina(campo(titolo, "Pressione relativa iniziale&nbsp;:&nbsp;",
-                        c.pressioneIniziale + Nbsp(4) + "(" + c.pressioneInizialeBar + ")"));
+                        H(c.pressioneIniziale) + Nbsp(4) + "(" + H(c.pressioneInizialeBar) + ")"));
     RigaCopertina(campo(titolo, "Pressione relativa minima finale&nbsp;:&nbsp;",
-                        c.pressioneFinale + Nbsp(4) + "(" + c.pressioneFinaleBar + ")") +
-                  Nbsp(3) + campo(titolo, "Velocit" + agrave + " massima impostata&nbsp;:&nbsp;", c.velocitaImpostata));
-    RigaCopertina(Nbsp(88) + campo(titolo, "Velocità massima calcolata&nbsp;:&nbsp;", c.velocitaCalcolata));
-    RigaCopertina(campo(titolo, "Portata gas : totale = ", c.portataNominale + " Nmc/h") + Nbsp(16) +
-                  campo(titolo, "massima contemporanea : ", c.portataContemporanea + " Nmc/h"));
+                        H(c.pressioneFinale) + Nbsp(4) + "(" + H(c.pressioneFinaleBar) + ")") +
+                  Nbsp(3) +
+                  campo(titolo, "Velocit" + agrave + " massima impostata&nbsp;:&nbsp;", H(c.velocitaImpostata)));
+    RigaCopertina(Nbsp(88) + campo(titolo, "Velocità massima calcolata&nbsp;:&nbsp;", H(c.velocitaCalcolata)));
+    RigaCopertina(campo(titolo, "Portata gas : totale = ", H(c.portataNominale) + " Nmc/h") + Nbsp(16) +
+                  campo(titolo, "massima contemporanea : ", H(c.portataContemporanea) + " Nmc/h"));
 }
 
 void ScrittoreHtml::Separatore() {
@@ -549,9 +568,9 @@ void ScrittoreHtml::ScriviTabella(const TabellaRelazione& t) {
     for (size_t c = 0; c < n; ++c) {
         const ColonnaRelazione& k = t.colonne[c];
         const std::string titolo1 = Sinistra(k.titolo1, k.budget);
-        Riga(std::string("<TD class='") + (c + 1 == n ? "titlecolumlast" : "titlecolums") +
-             "' style='width:" + std::to_string(k.larghezza) + "mm;'>" +
-             (titolo1.empty() ? std::string("&nbsp;") : titolo1) + "<BR>" + Sinistra(k.titolo2, k.budget) + "</TD>");
+        Riga(std::string("<TD class='") + (c + 1 == n ? "titlecolumlast" : "titlecolums") + "' style='width:" +
+             std::to_string(k.larghezza) + "mm;'>" + (titolo1.empty() ? std::string("&nbsp;") : H(titolo1)) + "<BR>" +
+             H(Sinistra(k.titolo2, k.budget)) + "</TD>");
     }
     Riga("</TR>");
     Carica(kRigaTitoli);
@@ -563,7 +582,7 @@ void ScrittoreHtml::ScriviTabella(const TabellaRelazione& t) {
                                           : (c + 1 == n ? "datacolumlast" : "datacolums");
             const std::string v = c < r.valori.size() ? Sinistra(r.valori[c], t.colonne[c].budget) : std::string();
             Riga(std::string("<TD class='") + classe + "' style='width:" + std::to_string(t.colonne[c].larghezza) +
-                 "mm;'>" + (v.empty() ? std::string("&nbsp;") : v) + "</TD>");
+                 "mm;'>" + (v.empty() ? std::string("&nbsp;") : H(v)) + "</TD>");
         }
         Riga("</TR>");
         Carica(kRiga);
@@ -573,7 +592,7 @@ void ScrittoreHtml::ScriviTabella(const TabellaRelazione& t) {
     if (t.totale) {
         Spazio();
         Riga("<SPAN class='sectionwords'>" + t.totale->etichetta + Nbsp(4) +
-             Sinistra(t.totale->valore, t.colonne[t.totale->colonna].budget) + "</SPAN><BR>");
+             H(Sinistra(t.totale->valore, t.colonne[t.totale->colonna].budget)) + "</SPAN><BR>");
         Carica(kRiga);
         ControllaPagina();
     }
@@ -587,20 +606,20 @@ void ScrittoreHtml::ScriviComputo(const ComputoRelazione& c) {
         Spazio();
         Spazio();
         Riga("<SPAN class='sectiontitlewords'>Tipo tubazione:</SPAN>" + Nbsp(4));
-        Riga("<SPAN class='sectionwords'>" + m.nome + "</SPAN><BR>");
+        Riga("<SPAN class='sectionwords'>" + H(m.nome) + "</SPAN><BR>");
         Carica(kRiga);
         ControllaPagina();
         Spazio();
         Riga("<SPAN class='sectiontitlewords'>Descrizione:</SPAN><BR>");
         Carica(kRiga);
         ControllaPagina();
-        Riga("<SPAN class='sectionwords'>" + m.descrizione + "</SPAN><BR>");
+        Riga("<SPAN class='sectionwords'>" + H(m.descrizione) + "</SPAN><BR>");
         Carica(kRiga);
         ControllaPagina();
         Spazio();
         if (m.acciaio) {
             Riga("<SPAN class='sectionwords'>Peso totale:</SPAN>" + Nbsp(4));
-            Riga("<SPAN class='sectionwords'>" + m.peso + " Kg</SPAN><BR>");
+            Riga("<SPAN class='sectionwords'>" + H(m.peso) + " Kg</SPAN><BR>");
             Carica(kRiga);
             ControllaPagina();
             Spazio();
@@ -611,11 +630,11 @@ void ScrittoreHtml::ScriviComputo(const ComputoRelazione& c) {
         }
         Riga("<TABLE align='left' cellspacing=0 style='width:" + std::to_string(larghezzaDN) + "mm;'>");
         Riga("<TD class='rowtitlefirst'>DN</TD>");
-        for (const auto& [dn, mt] : m.diametri) Riga("<TD class='allbordertitle'> " + Sinistra(dn, 7) + "</TD>");
+        for (const auto& [dn, mt] : m.diametri) Riga("<TD class='allbordertitle'> " + H(Sinistra(dn, 7)) + "</TD>");
         Carica(kRigaDN);
         ControllaPagina(kTabellaDN);
         Riga("<TD class='rowtitle'>mt</TD>");
-        for (const auto& [dn, mt] : m.diametri) Riga("<TD class='allborder'> " + mt + "</TD>");
+        for (const auto& [dn, mt] : m.diametri) Riga("<TD class='allborder'> " + H(mt) + "</TD>");
         Riga("</TABLE><BR>");
         Carica(kRigaDN);
         ControllaPagina();
@@ -626,7 +645,7 @@ void ScrittoreHtml::ScriviComputo(const ComputoRelazione& c) {
     Spazio();
     if (!c.pesoAcciaio.empty()) {
         Riga("<SPAN class='sectiontitlewords'>Peso totale tubazioni in acciaio:</SPAN>" + Nbsp(4));
-        Riga("<SPAN class='sectionwords'>" + c.pesoAcciaio + " Kg</SPAN><BR>");
+        Riga("<SPAN class='sectionwords'>" + H(c.pesoAcciaio) + " Kg</SPAN><BR>");
         Carica(kSpaziatura);
         ControllaPagina();
     }
@@ -635,7 +654,7 @@ void ScrittoreHtml::ScriviComputo(const ComputoRelazione& c) {
 void ScrittoreHtml::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
     using T = VoceTenuta::Tipo;
     auto testo = [&](const std::string& s, bool aCapo) {
-        Riga("<span class=\"sectionwords\">" + s + "</span>" + (aCapo ? "<br>" : ""));
+        Riga("<span class=\"sectionwords\">" + H(s) + "</span>" + (aCapo ? "<br>" : ""));
     };
     for (const VoceTenuta& v : voci) {
         switch (v.tipo) {
@@ -643,7 +662,7 @@ void ScrittoreHtml::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
                 Spazio();
                 break;
             case T::Titolo:
-                Riga("<CENTER><SPAN class='tabletitle'>" + v.testo + "</SPAN></CENTER>");
+                Riga("<CENTER><SPAN class='tabletitle'>" + H(v.testo) + "</SPAN></CENTER>");
                 Carica(kTitolo);
                 ControllaPagina();
                 break;
@@ -660,7 +679,7 @@ void ScrittoreHtml::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
                 Riga("<td width=50%></td><td width=50%></td>");
                 for (size_t k = 0; k < v.elementi.size(); ++k) {
                     if (k % 2 == 0) Riga("<tr>");
-                    Riga("<td>" + v.elementi[k] + "</td>");
+                    Riga("<td>" + H(v.elementi[k]) + "</td>");
                     if (k % 2 == 1) Riga("</tr>");
                 }
                 Riga("</TABLE>");
@@ -671,7 +690,7 @@ void ScrittoreHtml::ScriviTenuta(const std::vector<VoceTenuta>& voci) {
                 Riga("<td width=5%></td><td width=45%></td><td width=5%></td><td width=45%></td>");
                 for (size_t k = 0; k < v.coppie.size(); ++k) {
                     if (k % 2 == 0) Riga("<tr>");
-                    Riga("<td>" + v.coppie[k].first + "</td><td>" + v.coppie[k].second + "</td>");
+                    Riga("<td>" + H(v.coppie[k].first) + "</td><td>" + H(v.coppie[k].second) + "</td>");
                     // An odd last item stands alone in its row.
                     if (k % 2 == 0 && k + 1 == v.coppie.size()) Riga("<td></td>");
                     if (k % 2 == 1 || k + 1 == v.coppie.size()) Riga("</tr>");
@@ -701,13 +720,13 @@ void ScrittoreHtml::PaginaSchema(const std::string& fileSchema, bool altreSezion
     const int16_t q = pagina_;
     const int16_t p = static_cast<int16_t>(Posizione(q + 1L));
     IntestazioneDi(p, "' width='80' height='40'>", "mm; width:170mm'>");
-    Riga("<IMG src='" + NomeDi(fileSchema) + "' align='middle' style='width:200mm'></IMG><BR>");
+    Riga("<IMG src='" + H(NomeDi(fileSchema)) + "' align='middle' style='width:200mm'></IMG><BR>");
     Riga(kSpazio);
     Carica(kSpaziatura);
     Riga("<TABLE align='center'>");
     Riga("<TR style='font-family:Arial; font-size:3.5mm;'>");
-    Riga("<TD style='text-align:left'>" + d_.NomeFileProgetto + " - Riferimento: " + Sinistra(d_.Riferimento, 70) +
-         "</TD>");
+    Riga("<TD style='text-align:left'>" + H(d_.NomeFileProgetto) +
+         " - Riferimento: " + H(Sinistra(d_.Riferimento, 70)) + "</TD>");
     Riga("</TR>");
     Riga("</TABLE>");
     Riga("</DIV>");

@@ -13,9 +13,6 @@ std::string TestoErroreStampa(const std::string& apertura, const EsitoStampa& e)
            "\nDescrizione errore: " + e.descrizione;
 }
 
-namespace {
-
-// Size of a Windows bitmap in pixels, from its header; false when the file is not one.
 bool DimensioniBmp(const std::string& percorso, int32_t& larghezza, int32_t& altezza) {
     std::ifstream in(percorso, std::ios::binary);
     unsigned char h[26] = {};
@@ -35,8 +32,6 @@ bool DimensioniBmp(const std::string& percorso, int32_t& larghezza, int32_t& alt
     }
     return larghezza > 0 && altezza > 0;
 }
-
-}  // namespace
 
 bool ControllaLogo(const std::string& cartellaProgramma, Messaggi& msg) {
     const std::string percorso = TrovaFile(cartellaProgramma, "logo.bmp");

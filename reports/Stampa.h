@@ -3,6 +3,7 @@
 // the plain text file for other tools. Both calculate the network first, so that a report is
 // never out of date, and write the sections chosen in the fixed order of the report.
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -38,6 +39,9 @@ struct EsitoStampa {
 // The run's error box text: the opening line ("Stampa su file HTML."), the phase's line,
 // "Codice d'errore: " and "Descrizione errore: ", joined by line breaks.
 std::string TestoErroreStampa(const std::string& apertura, const EsitoStampa& e);
+
+// Size of a Windows bitmap in pixels, from its header; false when the file is not one.
+bool DimensioniBmp(const std::string& percorso, int32_t& larghezza, int32_t& altezza);
 
 // The logo of the program's folder: absent is no error; a picture larger than the header has
 // room for is refused with the product's message. True when it is to be used.

@@ -106,7 +106,7 @@ TEST_F(CliRelazione, UsoErratoEsito2) {
         std::string messaggio;
     };
     const Caso casi[] = {
-        {p + " --format pdf" + out, "--format richiede html o txt"},
+        {p + " --format rtf" + out, "--format richiede html, txt o pdf"},
         {p + " --format html", "--out FILE"},
         {p + " --format html" + out + " --sezioni AAB", "otto lettere"},
         {p + " --format html" + out + " --sezioni AAXAAAAA", "otto lettere"},
