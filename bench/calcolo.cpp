@@ -27,7 +27,6 @@ struct Rete400 {
         CaricaArchivi(*a, *d, kArchivi, av, msg);
         for (int m = 1; m <= a->NumMateriali(); ++m)
             if (a->Materiali[static_cast<size_t>(m)].Nome == "ACCIAIOM") acciaio = m;
-        d->SlotCorrente = 1;
         d->ReteInPressione = pressione ? VERO : FALSO;
         d->Normativa = 2;
     }

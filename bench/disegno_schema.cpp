@@ -56,7 +56,6 @@ struct Rete400 {
     std::unique_ptr<Documento> d = std::make_unique<Documento>();
 
     Rete400() {
-        d->SlotCorrente = 1;
         d->GasCorrente.Famiglia = 2;
         Ramo(0, 8);
     }

@@ -11,15 +11,6 @@
 
 namespace fornax {
 
-namespace {
-
-// A second sizing of a pressure network with the fittings of the chosen diameters, and the
-// narrowing sweep of pressure networks, have no control anywhere: both stay off.
-constexpr bool kSecondoDimensionamento = false;
-constexpr bool kOttimizzaDiametri = false;
-
-}  // namespace
-
 Motore::Motore(Documento& d, const Archivi& a, StatoCalcolo& s, Messaggi& msg) : d_(d), a_(a), s_(s), msg_(msg) {
     entrataPerdite_.fill(-1);
 }
@@ -56,14 +47,10 @@ void Motore::RetePressione() {
     AggregaPortate(1);
     CalcolaLunghezzeEquivalentiPressione(d_, a_, 2);
     AccumulaLunghezze(1, 0.0f);
+    // A pressure network is sized once, with the fittings of its first pass: no control of the
+    // product asks for a second sizing or a narrowing sweep here.
     DimensionaRetePressione();
-    if constexpr (kSecondoDimensionamento) {
-        CalcolaLunghezzeEquivalentiPressione(d_, a_, 1);
-        AccumulaLunghezze(1, 0.0f);
-        DimensionaRetePressione();
-    }
     AccumulaPerdite(1, 0.0f);
-    static_assert(!kOttimizzaDiametri, "the narrowing sweep of pressure networks is not part of a run");
     AggiornaVelocita();
     PropagaErrori(1);
 }

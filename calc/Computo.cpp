@@ -5,12 +5,11 @@
 
 namespace fornax {
 
-ComputoTubi CalcolaComputo(const Documento& d, const Archivi& a, int slot) {
+ComputoTubi CalcolaComputo(const Documento& d, const Archivi& a) {
     ComputoTubi c;
     c.Materiali.resize(a.Materiali.size());
     for (size_t m = 1; m < a.Materiali.size(); ++m)
         c.Materiali[m].LunghezzaTotale.assign(a.Materiali[m].Righe.size(), 0.0f);
-    if (slot == 0) return c;
     // Record 0 is blank and never counts.
     for (int i = 0; i <= d.NumTronchi(); ++i) {
         const Tronco& t = d.T(i);

@@ -22,9 +22,8 @@ struct ComputoTubi {
 };
 
 // Adds the real length (ID_LEN, not the equivalent length) of every section the last run
-// reached to the totals of its material and diameter row. `slot` is the network's slot: 0
-// bills nothing. The archives are only read.
-ComputoTubi CalcolaComputo(const Documento& d, const Archivi& a, int slot = 1);
+// reached to the totals of its material and diameter row.
+ComputoTubi CalcolaComputo(const Documento& d, const Archivi& a);
 
 // Capacity of the pipes in mm2*m (divide by 1000 for litres): (Dmm/2)^2 * ID_LEN * 3.1415
 // summed in double over every record 1..NumTronchi, reached or not; fittings don't count.

@@ -82,7 +82,7 @@ std::string TestoJson(const std::string& s) {
 }
 
 std::string RisultatiJson(const Documento& d, const Archivi& a) {
-    const ComputoTubi computo = CalcolaComputo(d, a, 1);
+    const ComputoTubi computo = CalcolaComputo(d, a);
 
     Scrittore w;
     w.Apri("", '{');

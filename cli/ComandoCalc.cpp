@@ -94,7 +94,7 @@ void StampaRisultati(std::ostream& out, const Documento& d, const Archivi& a) {
 }
 
 void StampaComputo(std::ostream& out, const Archivi& a, const Documento& d) {
-    const ComputoTubi computo = CalcolaComputo(d, a, 1);
+    const ComputoTubi computo = CalcolaComputo(d, a);
     out << "\nComputo delle tubazioni\n";
     Tabella t({{"Materiale", -12}, {"DN", -10}, {"Lunghezza", 10}, {"Peso", 10}});
     out << t.Intestazione();

@@ -57,9 +57,8 @@ struct Sostituzioni {
 };
 
 struct Documento {
-    // Two slots are kept so that field access keeps its slot selector; everything works on slot 1.
-    std::array<Rete, 2> Reti{};
-    int16_t SlotCorrente = 0;
+    // The network of the project (the product's slot 1: the one network a document holds).
+    Rete Principale{};
 
     std::string Riferimento;
     std::string DescrizioneLavoro;
@@ -84,11 +83,11 @@ struct Documento {
     TabellaPdc Pdc;              // the limits of the project's norm edition
     Sostituzioni Equiv;          // names replaced while the project was read or edited
 
-    Rete& rete() { return Reti[1]; }
-    const Rete& rete() const { return Reti[1]; }
-    Tronco& T(int i) { return Reti[1].Tronchi[static_cast<size_t>(i)]; }
-    const Tronco& T(int i) const { return Reti[1].Tronchi[static_cast<size_t>(i)]; }
-    int16_t NumTronchi() const { return Reti[1].NumTronchi; }
+    Rete& rete() { return Principale; }
+    const Rete& rete() const { return Principale; }
+    Tronco& T(int i) { return Principale.Tronchi[static_cast<size_t>(i)]; }
+    const Tronco& T(int i) const { return Principale.Tronchi[static_cast<size_t>(i)]; }
+    int16_t NumTronchi() const { return Principale.NumTronchi; }
 };
 
 // New section under `parent` (0 = none). Returns its index, or 0 when the parent already has

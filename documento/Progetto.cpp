@@ -56,7 +56,6 @@ void ControllaCollegamenti(Documento& d) {
 
 // The sections block: one row per record from 0, fields from id 2 on.
 void LeggiTronchi(FileTesto& f, Documento& d, const Archivi& a, Messaggi& msg, Avanzamento& av) {
-    d.SlotCorrente = 1;
     while (!f.Fine() && f.LeggiRiga() != "[") {}
     int riga = -1;
     std::vector<std::string> campi;

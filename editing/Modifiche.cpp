@@ -30,8 +30,6 @@ double DaDefault(const std::string& testo, double vuoto) { return Trim(testo).em
 
 }  // namespace
 
-void PreparaDocumento(Documento& d) { d.SlotCorrente = 1; }
-
 // ---- Cells of the grid ----
 
 EsitoConferma ConfermaCella(Documento& d, Archivi& a, int da, int a_, int id, const std::string& testo, Messaggi& msg,

@@ -26,9 +26,6 @@ namespace modifica {
 
 // ---- The document window ----
 
-// The document window works on slot 1 from its first preparation on.
-void PreparaDocumento(Documento& d);
-
 // ---- Cells of the grid ----
 
 // The text of a cell committed into the field `id` of rows da..a_ (ConfermaCelle's rules):

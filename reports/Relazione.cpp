@@ -427,7 +427,7 @@ CopertinaRelazione Copertina(const Documento& d) {
 // ---- Bill of pipes ----
 
 ComputoRelazione Computo(const Documento& d, const Archivi& a) {
-    const ComputoTubi totali = CalcolaComputo(d, a, 1);
+    const ComputoTubi totali = CalcolaComputo(d, a);
     ComputoRelazione c;
     for (int m = 1; m <= a.NumMateriali(); ++m) {
         const MaterialeTubo& mat = a.Materiali[static_cast<size_t>(m)];

@@ -78,7 +78,6 @@ void Colora(QComboBox* c, bool rosso) {
 GasGrid::GasGrid(Sessione& s, Messaggi& msg, QWidget* padre)
     : PaginaDocumento(padre), Zoom(s.Zoom), TroncoSelezionato(s.TroncoSelezionato), s_(s), d_(s.d), a_(s.a), msg_(msg) {
     setObjectName(QStringLiteral("GasGrid"));
-    modifica::PreparaDocumento(d_);
     Costruisci();
 }
 

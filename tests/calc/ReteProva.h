@@ -83,7 +83,6 @@ inline std::unique_ptr<Documento> DocumentoProva(int32_t normativa = 2, bool pre
             for (size_t c = 1; c <= 3; ++c) d->Speciali[k].Lunghezza[1][c] = tabella[k][c - 1];
     }
     VerificaDefaultPdc(d->Pdc);
-    d->SlotCorrente = 1;
     d->Normativa = normativa;
     d->ReteInPressione = pressione ? VERO : FALSO;
     GasRecord& g = d->GasCorrente;

@@ -27,7 +27,6 @@ struct ReteSchema {
     schema::TargetRegistrato t{19200, 9000};
 
     ReteSchema() {
-        d->SlotCorrente = 1;
         d->Normativa = 2;
         d->GasCorrente.Famiglia = 2;
     }

@@ -168,7 +168,6 @@ void TestSessione::nuoviProgettiDeiDueTipi() {
     QCOMPARE(f->Griglia()->TipoGriglia, 0);
     QCOMPARE(amb->d.ReteInPressione, FALSO);
     QCOMPARE(amb->d.OrientamentoSorgente, int16_t(0));
-    QCOMPARE(amb->d.SlotCorrente, int16_t(1));
     // The limit in force is shown above the grid.
     QCOMPARE(f->Griglia()->findChild<QLabel*>(QStringLiteral("lblLimite"))->text(),
              QStringLiteral("Perdita massima ammessa: 100 Pa"));
