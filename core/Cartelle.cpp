@@ -66,14 +66,22 @@ static bool CartellaCompleta(const std::string& cartella) {
 // archives in his own data folder, made once and kept from then on. The copy is made beside its
 // final place and renamed into it when complete, so a start cut short (disk full, program killed)
 // never leaves a half copy that the next start would take for a good one.
-// The installed files are read-only; the user's copies of them are his to change.
-static void RendiScrivibile(const std::string& cartella) {
-    std::error_code ec;
-    fs::permissions(cartella, fs::perms::owner_all, fs::perm_options::add, ec);
-    for (fs::recursive_directory_iterator it(cartella, ec), fine; !ec && it != fine; it.increment(ec)) {
+// Copies the installed folder: files and subfolders, the user's copies writable by him (the
+// installed files are read-only, and a copied read-only subfolder could not even be filled).
+// Files already there are kept.
+static void CopiaCartella(const fs::path& origine, const fs::path& destinazione, std::error_code& ec) {
+    fs::create_directories(destinazione, ec);
+    if (ec) return;
+    for (fs::directory_iterator it(origine, ec), fine; !ec && it != fine; it.increment(ec)) {
+        const fs::path verso = destinazione / it->path().filename();
         std::error_code ec2;
-        fs::permissions(it->path(), it->is_directory(ec2) ? fs::perms::owner_all : fs::perms::owner_write,
-                        fs::perm_options::add, ec2);
+        if (it->is_directory(ec2)) {
+            CopiaCartella(it->path(), verso, ec);
+        } else if (it->is_regular_file(ec2) && !fs::exists(verso, ec2)) {
+            fs::copy_file(it->path(), verso, ec);
+            if (!ec) fs::permissions(verso, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, ec);
+        }
+        if (ec) return;
     }
 }
 
@@ -89,15 +97,12 @@ static std::string CopiaUtente(const std::string& origine) {
     if (fs::exists(copia, ec)) {
         // The folder is there without the archives (another program's data, a copy by hand):
         // what is missing is added, nothing of the user's is replaced.
-        fs::copy(origine, copia, fs::copy_options::recursive | fs::copy_options::skip_existing, ec);
-        if (ec || !CartellaCompleta(copia)) return origine;
-        RendiScrivibile(copia);
-        return copia;
+        CopiaCartella(origine, copia, ec);
+        return !ec && CartellaCompleta(copia) ? copia : origine;
     }
     const std::string parziale = copia + ".fornax-tmp";
     fs::remove_all(parziale, ec);
-    fs::copy(origine, parziale, fs::copy_options::recursive, ec);
-    if (!ec) RendiScrivibile(parziale);
+    CopiaCartella(origine, parziale, ec);
     if (!ec) fs::rename(parziale, copia, ec);
     if (ec) {
         fs::remove_all(parziale, ec);

@@ -61,7 +61,7 @@ bool Carica(Archivi& a, MessaggiRegistrati& msg) {
             a.Materiali.assign(2, MaterialeTubo{});
             if (!CaricaMateriale(a, 1, "PROVA")) return false;
             CalcolaDerivati(a);
-            for (const std::string& dn : ElencoDiametri(a, 1)) (void)DiametroInterno(a, 1, dn);
+            for (const RigaDiametro& r : a.Materiali[1].Righe) (void)DiametroInterno(a, 1, r.DN);
             return true;
         case EQLEN:
             if (!CaricaSpecialiPressione(a, msg)) return false;
@@ -112,7 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     Archivi a;
     a.Cartella = cartella;
     MessaggiRegistrati msg;
-    msg.scelte = {1, 1, 1, 1};
+    msg.scelte.assign(1000, 1);
     if (!Carica(a, msg)) return 0;
 
     if (!Salva(a, msg)) fuzz::Guasto("a loaded archive could not be written back");
@@ -121,6 +121,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     b.Cartella = cartella;
     if (!Carica(b, msg)) fuzz::Guasto("an archive written back could not be read again");
     if (!Salva(b, msg)) fuzz::Guasto("an archive read again could not be written back");
-    if (fuzz::LeggiFile(file) != prima) fuzz::Guasto("the archive read again is not the one written");
+    if (const std::string dopo = fuzz::LeggiFile(file); dopo != prima)
+        fuzz::GuastoRiletto("the archive read again is not the one written", prima, dopo);
     return 0;
 }

@@ -26,6 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     ImpostazioniFile letto(file);
     if (letto.Leggi("Recent", "LastWorkDirectory") != valore) fuzz::Guasto("a stored value reads back changed");
     letto.Scrivi("Recent", "LastWorkDirectory", valore);
-    if (fuzz::LeggiFile(file) != prima) fuzz::Guasto("the settings read again are not the ones written");
+    if (const std::string dopo = fuzz::LeggiFile(file); dopo != prima)
+        fuzz::GuastoRiletto("the settings read again are not the ones written", prima, dopo);
     return 0;
 }

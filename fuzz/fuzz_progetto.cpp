@@ -40,7 +40,7 @@ struct Ambiente {
 
 bool Carica(Ambiente& amb, Documento& d, std::string_view byte) {
     MessaggiRegistrati msg;
-    msg.scelte = {1, 1, 1, 1};  // an unknown gas or material takes the first of the archive
+    msg.scelte.assign(1000, 1);  // every unknown gas or material takes the first of the archive
     AvanzamentoNullo av;
     FileTesto f;
     f.ApriDaTesto(byte);
@@ -63,6 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     auto d2 = std::make_unique<Documento>();
     if (!Carica(amb, *d2, prima)) fuzz::Guasto("a saved project could not be read again");
     if (!ScriviProgetto(*d2, amb.a, file, msg)) fuzz::Guasto("a project read again could not be saved");
-    if (fuzz::LeggiFile(file) != prima) fuzz::Guasto("the project read again is not the one saved");
+    if (const std::string dopo = fuzz::LeggiFile(file); dopo != prima)
+        fuzz::GuastoRiletto("the project read again is not the one saved", prima, dopo);
     return 0;
 }

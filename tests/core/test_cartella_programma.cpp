@@ -67,7 +67,9 @@ TEST(CartellaProgramma, InstallazioneDiSolaLetturaCopiataAlPrimoAvvio) {
     const std::string installata = dir.Percorso("usr/share/fornax");
     SoloLettura(dir.Percorso("usr"));
     const uid_t utente = UtenteComune();
-    if (utente != STESSO_UTENTE) ASSERT_EQ(::chown(dir.Percorso("home").c_str(), utente, utente), 0);
+    if (utente != STESSO_UTENTE) {
+        ASSERT_EQ(::chown(dir.Percorso("home").c_str(), utente, utente), 0);
+    }
     const std::string copia = dir.Percorso("home/.local/share/Fornax");
 
     // The first start, as an ordinary user with HOME set and no XDG_DATA_HOME: the copy is made.

@@ -80,7 +80,9 @@ TEST(Salvataggio, CartellaDiventataDiSolaLettura) {
     // Root writes anywhere: the save then runs as an ordinary user who owns the folder, which is
     // how a user meets a folder that became read-only.
     const bool root = ::geteuid() == 0;
-    if (root) ASSERT_EQ(::chown(dir.Percorso().c_str(), NOBODY, NOBODY), 0);
+    if (root) {
+        ASSERT_EQ(::chown(dir.Percorso().c_str(), NOBODY, NOBODY), 0);
+    }
     fs::permissions(dir.Percorso(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
                                         fs::perms::group_exec | fs::perms::others_read | fs::perms::others_exec);
     const int esito = InFiglio(
@@ -96,7 +98,9 @@ TEST(Salvataggio, CartellaDiventataDiSolaLettura) {
     EXPECT_EQ(Contenuto(dir.Percorso()), std::vector<std::string>{"casa.RTG"});
 
     // A project the user marked read-only in a folder he can write is not replaced either.
-    if (root) ASSERT_EQ(::chown(dir.Percorso("casa.RTG").c_str(), NOBODY, NOBODY), 0);
+    if (root) {
+        ASSERT_EQ(::chown(dir.Percorso("casa.RTG").c_str(), NOBODY, NOBODY), 0);
+    }
     fs::permissions(dir.Percorso("casa.RTG"), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     const int protetto =
         InFiglio([&] { return SalvaERiporta(w, dir.Percorso("casa.RTG"), EACCES, "Impossibile scrivere il file"); },
