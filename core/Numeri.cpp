@@ -92,15 +92,15 @@ static std::string ComeStampa(const std::string& testo) {
     return " " + testo + " ";
 }
 
-// A number in a file beyond the single-precision range is stored as infinity, and "inf" would
-// read back as 0: it is written as the largest finite value of its sign, which reads back to
-// itself. A value that is not a number (a calculation that failed) is written as 0.
 template <typename T>
-static T Finito(T v) {
+static T FinitoDi(T v) {
     if (std::isnan(v)) return 0;
     if (std::isinf(v)) return v > 0 ? std::numeric_limits<T>::max() : std::numeric_limits<T>::lowest();
     return v;
 }
+
+float Finito(float v) { return FinitoDi(v); }
+double Finito(double v) { return FinitoDi(v); }
 
 std::string NumeroFile(float v) { return ComeStampa(TestoBreve(Finito(v))); }
 std::string NumeroFile(double v) { return ComeStampa(TestoBreve(Finito(v))); }

@@ -237,3 +237,26 @@ TEST(Salvataggio, PermessiDelFileConservati) {
     EXPECT_EQ(dir.LeggiByte("casa.RTG"), "nuovo\r\n");
     EXPECT_EQ(fs::status(dir.Percorso("casa.RTG")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
+
+// Found by fuzzing the project reader: a section's number beyond the single-precision range was
+// written as "inf" and read back as 0. Saved, read again and saved again, a project gives the
+// same file.
+TEST(Salvataggio, ProgettoConNumeroFuoriScalaRilettoUguale) {
+    CartellaProva dir("fuori-scala");
+    dir.CopiaDa(FORNAX_BUILD_DATA_DIR);
+    Archivi a;
+    Documento d;
+    MessaggiRegistrati msg;
+    msg.scelte.assign(100, 1);
+    AvanzamentoNullo av;
+    CaricaArchivi(a, d, dir.Percorso(), av, msg);
+    ASSERT_TRUE(LeggiProgetto(d, a, FORNAX_SOURCE_DIR "/tests/data/guasti/progetto-inf-in-un-tronco.RTG", msg, av));
+    ASSERT_TRUE(ScriviProgetto(d, a, dir.Percorso("uno.RTG"), msg));
+    Documento d2;
+    ASSERT_TRUE(LeggiProgetto(d2, a, dir.Percorso("uno.RTG"), msg, av));
+    ASSERT_TRUE(ScriviProgetto(d2, a, dir.Percorso("due.RTG"), msg));
+    const std::string uno = dir.LeggiByte("uno.RTG");
+    EXPECT_EQ(uno.find("inf"), std::string::npos);
+    EXPECT_NE(uno.find("3.4028235e+38"), std::string::npos);
+    EXPECT_EQ(dir.LeggiByte("due.RTG"), uno);
+}
