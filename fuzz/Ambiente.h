@@ -2,7 +2,10 @@
 // What every harness shares: a working folder of its own in memory (/dev/shm where there is one,
 // so that the safe writer's flushes cost nothing), files written there as they are, and the
 // delivered archives copied there once.
+#include <signal.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include <cstdio>
 #include <cstdlib>
@@ -18,7 +21,17 @@ inline std::string CartellaLavoro(const std::string& nome) {
     namespace fs = std::filesystem;
     std::error_code ec;
     const fs::path base = fs::is_directory("/dev/shm", ec) ? fs::path("/dev/shm") : fs::temp_directory_path();
-    const fs::path p = base / ("fornax-fuzz-" + nome + "-" + std::to_string(::getpid()));
+    const std::string prefisso = "fornax-fuzz-" + nome + "-";
+    // A harness stopped by a fault leaves its folder (exit handlers don't run): the folders of
+    // harnesses no longer running go.
+    for (fs::directory_iterator it(base, ec), fine; !ec && it != fine; it.increment(ec)) {
+        const std::string n = it->path().filename().string();
+        if (n.rfind(prefisso, 0) != 0) continue;
+        const long pid = std::strtol(n.c_str() + prefisso.size(), nullptr, 10);
+        std::error_code ec2;
+        if (pid > 0 && ::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH) fs::remove_all(it->path(), ec2);
+    }
+    const fs::path p = base / (prefisso + std::to_string(::getpid()));
     fs::remove_all(p, ec);
     fs::create_directories(p);
     // The folder goes when the harness ends, however many inputs it ran.

@@ -53,14 +53,19 @@ bool Carica(Ambiente& amb, Documento& d, std::string_view byte) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     static Ambiente amb;
     static const std::string file = amb.cartella + "/progetto.RTG";
-    auto d = std::make_unique<Documento>();
+    // Two documents kept for the whole run and blanked by assignment: a document is a few hundred
+    // kilobytes, and allocating it for each input would cost more than reading the input.
+    static const auto vuoto = std::make_unique<const Documento>();
+    static const auto d = std::make_unique<Documento>();
+    static const auto d2 = std::make_unique<Documento>();
+    *d = *vuoto;
     if (!Carica(amb, *d, std::string_view(reinterpret_cast<const char*>(dati), n))) return 0;
 
     MessaggiRegistrati msg;
     if (!ScriviProgetto(*d, amb.a, file, msg)) fuzz::Guasto("a loaded project could not be saved");
     const std::string prima = fuzz::LeggiFile(file);
 
-    auto d2 = std::make_unique<Documento>();
+    *d2 = *vuoto;
     if (!Carica(amb, *d2, prima)) fuzz::Guasto("a saved project could not be read again");
     if (!ScriviProgetto(*d2, amb.a, file, msg)) fuzz::Guasto("a project read again could not be saved");
     if (const std::string dopo = fuzz::LeggiFile(file); dopo != prima)
