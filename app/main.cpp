@@ -4,8 +4,10 @@
 
 #include "app/Avvio.h"
 #include "core/Cartelle.h"
+#include "core/FileTesto.h"
 
 int main(int argc, char** argv) {
+    fornax::IgnoraLimiteDimensione();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Fornax"));
     QApplication::setOrganizationName(QStringLiteral("Fornax"));

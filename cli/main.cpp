@@ -5,6 +5,7 @@
 
 #include "cli/Comandi.h"
 #include "core/Cartelle.h"
+#include "core/FileTesto.h"
 #include "core/Versione.h"
 
 namespace fornax::cli {
@@ -43,6 +44,7 @@ static void Aiuto(std::ostream& out) {
 }  // namespace fornax::cli
 
 int main(int argc, char** argv) {
+    fornax::IgnoraLimiteDimensione();
     using namespace fornax::cli;
     ContestoCli ctx;
     ctx.eseguibile = argc > 0 ? argv[0] : "fornax-cli";

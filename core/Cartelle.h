@@ -23,8 +23,12 @@ std::string CartellaDi(const std::string& percorso);
 std::string NomeDi(const std::string& percorso);
 
 // The program's folder: FORNAX_HOME when set; else the folder of the executable when it holds
-// gridgas.cne; else `installata`. When the chosen folder is not writable, a per-user copy is
-// made on first start (under $XDG_DATA_HOME/Fornax) and used from then on.
+// gridgas.cne; else the installed tree's share/fornax beside the executable's folder
+// (<exe>/../share/fornax) when it holds gridgas.cne; else `installata`. When the chosen folder
+// is not writable, a per-user copy is made on first start (under $XDG_DATA_HOME/Fornax, by
+// default ~/.local/share/Fornax) and used from then on.
 std::string CartellaProgramma(const std::string& eseguibile, const std::string& installata);
+// The same choice from the executable's folder, already resolved.
+std::string SceltaCartellaProgramma(const std::string& cartellaEseguibile, const std::string& installata);
 
 }  // namespace fornax

@@ -77,7 +77,10 @@ int16_t NuovoTronco(Documento& d, int16_t parent, const std::vector<std::string>
         } else if (p.ID_RIGHT == 0) {
             p.ID_RIGHT = nuovo;
         } else {
-            // The record taken stays counted: the caller sees the table one longer.
+            // The record taken stays counted: the caller sees the table one longer. It names no
+            // parent, as a parent refused in the grid leaves it: a parent that doesn't derive the
+            // section would be a tree whose links disagree.
+            t.ID_PREV = 0;
             msg.Mostra("Errore! Il tronco" + NumeroConSegno(parent) + " ha gia' due derivazioni");
             return 0;
         }

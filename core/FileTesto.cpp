@@ -1,10 +1,13 @@
 #include "core/FileTesto.h"
 
-#include <cstdio>
-#include <filesystem>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
 #include <fstream>
 #include <iterator>
-#include <system_error>
 
 #include "core/Servizi.h"
 #include "core/Testo.h"
@@ -83,37 +86,136 @@ void ScrittoreTesto::Riga(std::string_view testo) {
     testo_ += "\r\n";
 }
 
-bool ScrittoreTesto::Salva(const std::string& percorso) const {
-    namespace fs = std::filesystem;
+void IgnoraLimiteDimensione() {
+    static const bool fatto = [] {
+        struct sigaction attuale {};
+        if (::sigaction(SIGXFSZ, nullptr, &attuale) == 0 && attuale.sa_handler == SIG_DFL) {
+            struct sigaction ignora {};
+            ignora.sa_handler = SIG_IGN;
+            sigemptyset(&ignora.sa_mask);
+            ::sigaction(SIGXFSZ, &ignora, nullptr);
+        }
+        return true;
+    }();
+    (void)fatto;
+}
+
+namespace {
+
+int ScriviTutto(int fd, std::string_view byte) {
+    while (!byte.empty()) {
+        const ssize_t n = ::write(fd, byte.data(), byte.size());
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            return errno;
+        }
+        if (n == 0) return EIO;
+        byte.remove_prefix(static_cast<size_t>(n));
+    }
+    return 0;
+}
+
+// A file opened without a name becomes visible only through linkat on /proc/self/fd.
+bool ProcDisponibile() {
+    static const bool presente = ::access("/proc/self/fd", X_OK) == 0;
+    return presente;
+}
+
+}  // namespace
+
+int ScriviFileSicuro(const std::string& percorso, std::string_view byte) {
+    IgnoraLimiteDimensione();
+    if (percorso.empty() || percorso.back() == '/') return EINVAL;
+    const size_t barra = percorso.find_last_of('/');
+    const std::string cartella = barra == std::string::npos ? "." : (barra == 0 ? "/" : percorso.substr(0, barra));
     const std::string temporaneo = percorso + ".fornax-tmp";
-    {
-        std::ofstream out(temporaneo, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        const std::string byte = Utf8ACp1252(testo_);
-        out.write(byte.data(), static_cast<std::streamsize>(byte.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            std::error_code ec;
-            fs::remove(temporaneo, ec);
-            return false;
+
+    struct stat vecchio {};
+    const bool esisteva = ::stat(percorso.c_str(), &vecchio) == 0;
+    if (!esisteva && errno != ENOENT) return errno;  // a name too long, a folder that is a file...
+    if (esisteva && S_ISDIR(vecchio.st_mode)) return EISDIR;
+    // A file the user marked read-only is not replaced behind his back.
+    if (esisteva && ::access(percorso.c_str(), W_OK) != 0) return errno;
+    // A save that was cut off (the program killed between naming the new file and renaming it)
+    // may have left its temporary: it is never the user's file, so it goes.
+    ::unlink(temporaneo.c_str());
+
+    bool anonimo = false;
+    int fd = -1;
+    if (ProcDisponibile()) {
+        fd = ::open(cartella.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+        if (fd >= 0) {
+            anonimo = true;
+        } else if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) {
+            return errno;  // the folder is missing, read-only, or the name is refused
         }
     }
-    std::error_code ec;
-    fs::rename(temporaneo, percorso, ec);
-    if (ec) {
-        fs::remove(temporaneo, ec);
-        return false;
+    if (fd < 0) {
+        fd = ::open(temporaneo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd < 0) return errno;
     }
-    return true;
+    // A file the user had restricted (0600) stays restricted once replaced.
+    if (esisteva) (void)::fchmod(fd, vecchio.st_mode & 07777);
+
+    int errore = ScriviTutto(fd, byte);
+    if (errore == 0 && ::fsync(fd) != 0) errore = errno;
+    if (errore == 0 && anonimo) {
+        const std::string proc = "/proc/self/fd/" + std::to_string(fd);
+        if (::linkat(AT_FDCWD, proc.c_str(), AT_FDCWD, temporaneo.c_str(), AT_SYMLINK_FOLLOW) != 0) errore = errno;
+    }
+    if (::close(fd) != 0 && errore == 0) errore = errno;
+    if (errore == 0 && ::rename(temporaneo.c_str(), percorso.c_str()) != 0) errore = errno;
+    if (errore != 0) {
+        ::unlink(temporaneo.c_str());
+        return errore;
+    }
+    // The new name is on the disk too, not only the content.
+    if (const int dir = ::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); dir >= 0) {
+        (void)::fsync(dir);
+        ::close(dir);
+    }
+    return 0;
+}
+
+std::string MessaggioScritturaFallita(const std::string& percorso, int errore) {
+    const std::string invariato = " Il file precedente non e' stato modificato e il lavoro aperto resta com'era.";
+    switch (errore) {
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return "Spazio su disco insufficiente: impossibile scrivere il file '" + percorso + "'." + invariato +
+                   " Liberare spazio o salvare in un'altra cartella.";
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return "Impossibile scrivere il file '" + percorso +
+                   "': la cartella o il file sono protetti da scrittura." + invariato +
+                   " Salvare in un'altra cartella.";
+        case ENOENT:
+        case ENOTDIR:
+            return "Impossibile scrivere il file '" + percorso + "': la cartella non esiste piu'." + invariato +
+                   " Salvare in un'altra cartella.";
+        case ENAMETOOLONG:
+        case EINVAL:
+        case EISDIR:
+        case EILSEQ:
+            return "Impossibile scrivere il file '" + percorso + "': il nome del file non e' accettato dal sistema." +
+                   invariato + " Scegliere un altro nome.";
+        default:
+            return "Impossibile scrivere il file '" + percorso +
+                   "'. Controllare che la cartella esista e sia scrivibile (errore di sistema " +
+                   std::to_string(errore) + ")." + invariato;
+    }
+}
+
+int ScrittoreTesto::SalvaConErrore(const std::string& percorso) const {
+    return ScriviFileSicuro(percorso, Utf8ACp1252(testo_));
 }
 
 bool ScrittoreTesto::SalvaOAvvisa(const std::string& percorso, Messaggi& msg) const {
-    if (Salva(percorso)) return true;
-    msg.Mostra(
-        "Impossibile scrivere il file '" + percorso +
-            "'. Controllare che la cartella esista e sia scrivibile: il file precedente non e' stato modificato.",
-        Box::CRITICAL, "Errore");
+    const int errore = SalvaConErrore(percorso);
+    if (errore == 0) return true;
+    msg.Mostra(MessaggioScritturaFallita(percorso, errore), Box::CRITICAL, "Errore");
     return false;
 }
 

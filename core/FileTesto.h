@@ -44,16 +44,34 @@ private:
 // an empty line gives 0 with one empty field.
 int SeparaCampi(std::string_view riga, std::vector<std::string>& campi);
 
-// A text file built in memory and written in Windows-1252 with CR LF line ends to a
-// temporary file beside the target, renamed over it only when the whole write succeeded:
-// a failure never destroys the previous file.
+// A process-wide file size limit (ulimit -f, a quota) sends SIGXFSZ to a write that crosses it,
+// and by default that signal ends the program with the user's work. Both programs call this at
+// start (and every safe write does), so the write fails with EFBIG and the user is told. A
+// handler the program installed itself is left in place.
+void IgnoraLimiteDimensione();
+
+// Writes `byte` as the whole content of `percorso`, never leaving a half-written file: the
+// bytes go to a file with no name in the target's folder (or, where the file system can't make
+// one, to `percorso` + ".fornax-tmp"), are flushed to the disk, and only then take the target's
+// name in one step. Returns 0 when written, else the system's error number of the failure; the
+// previous file is then byte for byte as it was and nothing is left beside it. A file size limit
+// of the process (SIGXFSZ) makes the write fail with EFBIG instead of ending the program.
+int ScriviFileSicuro(const std::string& percorso, std::string_view byte);
+
+// The Italian message the user sees when a write of `percorso` failed with `errore`.
+std::string MessaggioScritturaFallita(const std::string& percorso, int errore);
+
+// A text file built in memory and written in Windows-1252 with CR LF line ends through
+// ScriviFileSicuro: a failure never destroys the previous file.
 class ScrittoreTesto {
 public:
     void Riga(std::string_view testo = {});                  // one line, CR LF added
     const std::string& Contenuto() const { return testo_; }  // UTF-8, "\r\n" line ends
     // Writes the file; false on any failure, with the previous file left untouched.
-    bool Salva(const std::string& percorso) const;
-    // As Salva; on failure tells the user, in Italian, that the file was not written and the
+    bool Salva(const std::string& percorso) const { return SalvaConErrore(percorso) == 0; }
+    // As Salva, with the system's error number of the failure (0 when written).
+    int SalvaConErrore(const std::string& percorso) const;
+    // As Salva; on failure tells the user, in Italian, why the file was not written and that the
     // previous one is untouched.
     bool SalvaOAvvisa(const std::string& percorso, Messaggi& msg) const;
 

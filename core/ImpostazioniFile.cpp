@@ -6,6 +6,8 @@
 #include <iterator>
 #include <system_error>
 
+#include "core/FileTesto.h"
+
 namespace fornax {
 
 namespace {
@@ -94,29 +96,13 @@ bool ImpostazioniFile::Salva() const {
     std::error_code ec;
     const fs::path p(percorso_);
     if (p.has_parent_path()) fs::create_directories(p.parent_path(), ec);
-    const std::string tmp = percorso_ + ".fornax-tmp";
-    {
-        std::ofstream out(tmp, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        bool prima = true;
-        for (const auto& [sezione, chiavi] : sezioni_) {
-            if (!prima) out << "\n";
-            prima = false;
-            out << "[" << sezione << "]\n";
-            for (const auto& [k, v] : chiavi) out << k << "=" << fornax::Scrivi(v) << "\n";
-        }
-        out.flush();
-        if (!out) {
-            fs::remove(tmp, ec);
-            return false;
-        }
+    std::string testo;
+    for (const auto& [sezione, chiavi] : sezioni_) {
+        if (!testo.empty()) testo += "\n";
+        testo += "[" + sezione + "]\n";
+        for (const auto& [k, v] : chiavi) testo += k + "=" + fornax::Scrivi(v) + "\n";
     }
-    fs::rename(tmp, percorso_, ec);
-    if (ec) {
-        fs::remove(tmp, ec);
-        return false;
-    }
-    return true;
+    return ScriviFileSicuro(percorso_, testo) == 0;
 }
 
 std::string ImpostazioniFile::Leggi(const std::string& sezione, const std::string& chiave,

@@ -92,8 +92,18 @@ static std::string ComeStampa(const std::string& testo) {
     return " " + testo + " ";
 }
 
-std::string NumeroFile(float v) { return ComeStampa(TestoBreve(v)); }
-std::string NumeroFile(double v) { return ComeStampa(TestoBreve(v)); }
+template <typename T>
+static T FinitoDi(T v) {
+    if (std::isnan(v)) return 0;
+    if (std::isinf(v)) return v > 0 ? std::numeric_limits<T>::max() : std::numeric_limits<T>::lowest();
+    return v;
+}
+
+float Finito(float v) { return FinitoDi(v); }
+double Finito(double v) { return FinitoDi(v); }
+
+std::string NumeroFile(float v) { return ComeStampa(TestoBreve(Finito(v))); }
+std::string NumeroFile(double v) { return ComeStampa(TestoBreve(Finito(v))); }
 std::string NumeroFile(int32_t v) { return ComeStampa(std::to_string(v)); }
 
 std::string FormattaNumero(double v, std::string_view pattern) {

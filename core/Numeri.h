@@ -16,6 +16,11 @@ int16_t ArrotondaI16(double v);
 int32_t ArrotondaI32(double v);
 
 // Shortest decimal text that reads back to the same value ("15", "0.5", "1.42e-05").
+// The value as a file can hold it: an infinity (a number beyond the single-precision range read
+// from a file) becomes the largest finite value of its sign, which reads back to itself; a value
+// that is not a number (a calculation that failed) becomes 0.
+float Finito(float v);
+double Finito(double v);
 std::string TestoBreve(float v);
 std::string TestoBreve(double v);
 

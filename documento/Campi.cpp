@@ -195,8 +195,9 @@ std::string TestoValore(const Valore& v) {
     if (const auto* s = std::get_if<std::string>(&v)) return *s;
     if (const auto* i = std::get_if<int16_t>(&v)) return std::to_string(*i);
     if (const auto* l = std::get_if<int32_t>(&v)) return std::to_string(*l);
-    if (const auto* f = std::get_if<float>(&v)) return TestoBreve(*f);
-    if (const auto* x = std::get_if<double>(&v)) return TestoBreve(*x);
+    // Written to the project file as well: an infinity must be a number that reads back.
+    if (const auto* f = std::get_if<float>(&v)) return TestoBreve(Finito(*f));
+    if (const auto* x = std::get_if<double>(&v)) return TestoBreve(Finito(*x));
     return "";
 }
 

@@ -1,5 +1,6 @@
-// Any bytes given to the project reader: never a crash, a hang or a wrong memory access,
-// and whatever is loaded can be written again.
+// Any bytes given to the project reader: never a crash, a hang or a wrong memory access; and
+// whatever is loaded survives a round trip: written, read again and written again, it gives the
+// same file, so the document read back is the document that was saved.
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -8,34 +9,66 @@
 #include "core/FileTesto.h"
 #include "core/ServiziProva.h"
 #include "documento/Progetto.h"
+#include "fuzz/Ambiente.h"
 #include "sessione/Sessione.h"
 
 using namespace fornax;
 
 namespace {
 
+// The archives are loaded once; what reading a project changes in them (the fittings of its
+// kind of network, the limits of its norm edition, the substitutions of unknown names) is put
+// back before each input, so that every input meets the same archives and a fault reproduces.
 struct Ambiente {
-    std::unique_ptr<Archivi> a = std::make_unique<Archivi>();
+    std::string cartella = fuzz::CartellaLavoro("progetto");
+    Archivi a;
+    Archivi base;
     Ambiente() {
-        auto d = std::make_unique<Documento>();
+        fuzz::CopiaArchivi(cartella);
+        Documento d;
         MessaggiRegistrati msg;
         AvanzamentoNullo av;
-        CaricaArchivi(*a, *d, FORNAX_SOURCE_DIR "/data", av, msg, false);
-        a->Cartella = "/nonexistent-fornax-fuzz";  // saving the firm's defaults must fail quietly
+        CaricaArchivi(a, d, cartella, av, msg, false);
+        base = a;
+    }
+    void Ripristina() {
+        a.Speciali = base.Speciali;
+        a.Pdc = base.Pdc;
+        a.Equiv = base.Equiv;
     }
 };
+
+bool Carica(Ambiente& amb, Documento& d, std::string_view byte) {
+    MessaggiRegistrati msg;
+    msg.scelte.assign(1000, 1);  // every unknown gas or material takes the first of the archive
+    AvanzamentoNullo av;
+    FileTesto f;
+    f.ApriDaTesto(byte);
+    amb.Ripristina();
+    return LeggiProgettoDa(f, d, amb.a, "fuzz.RTG", msg, av);
+}
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     static Ambiente amb;
-    auto d = std::make_unique<Documento>();
+    static const std::string file = amb.cartella + "/progetto.RTG";
+    // Two documents kept for the whole run and blanked by assignment: a document is a few hundred
+    // kilobytes, and allocating it for each input would cost more than reading the input.
+    static const auto vuoto = std::make_unique<const Documento>();
+    static const auto d = std::make_unique<Documento>();
+    static const auto d2 = std::make_unique<Documento>();
+    *d = *vuoto;
+    if (!Carica(amb, *d, std::string_view(reinterpret_cast<const char*>(dati), n))) return 0;
+
     MessaggiRegistrati msg;
-    msg.scelte = {1, 1, 1, 1};
-    AvanzamentoNullo av;
-    FileTesto f;
-    f.ApriDaTesto(std::string_view(reinterpret_cast<const char*>(dati), n));
-    Archivi a = *amb.a;
-    if (LeggiProgettoDa(f, *d, a, "fuzz.RTG", msg, av)) ScriviProgetto(*d, a, "/nonexistent-fornax-fuzz/x.RTG", msg);
+    if (!ScriviProgetto(*d, amb.a, file, msg)) fuzz::Guasto("a loaded project could not be saved");
+    const std::string prima = fuzz::LeggiFile(file);
+
+    *d2 = *vuoto;
+    if (!Carica(amb, *d2, prima)) fuzz::Guasto("a saved project could not be read again");
+    if (!ScriviProgetto(*d2, amb.a, file, msg)) fuzz::Guasto("a project read again could not be saved");
+    if (const std::string dopo = fuzz::LeggiFile(file); dopo != prima)
+        fuzz::GuastoRiletto("the project read again is not the one saved", prima, dopo);
     return 0;
 }

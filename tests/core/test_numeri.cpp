@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "core/Numeri.h"
 
 using namespace fornax;
@@ -65,4 +67,21 @@ TEST(Numeri, FormatiDiVisualizzazione) {
     EXPECT_EQ(FormattaNumero(42.0, "0 Pa"), "42 Pa");
     EXPECT_EQ(FormattaNumero(2.0, "##0.0#"), "2.0");
     EXPECT_EQ(FormattaNumero(2.25, "##0.0#"), "2.25");
+}
+
+// Found by fuzzing the archives: a number beyond the single-precision range read from a file
+// became infinity, was written as "inf" and read back as 0. Written, every stored value reads
+// back to what was written.
+TEST(Numeri, ScritturaDiValoriFuoriScalaRiletta) {
+    const float inf = std::numeric_limits<float>::infinity();
+    const float grande = static_cast<float>(LeggiNumero("2077777777777777777777777777777777777777777777770"));
+    EXPECT_EQ(grande, inf);
+    EXPECT_EQ(NumeroFile(grande), " 3.4028235e+38 ");
+    EXPECT_EQ(NumeroFile(-inf), "-3.4028235e+38 ");
+    EXPECT_EQ(NumeroFile(std::numeric_limits<float>::quiet_NaN()), " 0 ");
+    EXPECT_EQ(NumeroFile(std::numeric_limits<double>::quiet_NaN()), " 0 ");
+    for (float v : {inf, -inf}) {
+        const std::string scritto = NumeroFile(v);
+        EXPECT_EQ(NumeroFile(static_cast<float>(LeggiNumero(scritto))), scritto);
+    }
 }

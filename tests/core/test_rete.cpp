@@ -34,6 +34,11 @@ TEST_F(Albero, NuovoTroncoCollegaAlPadreEUsaIlMaterialePredefinito) {
     EXPECT_EQ(Nuovo(1), 0);
     EXPECT_EQ(doc->NumTronchi(), 4);
     EXPECT_EQ(msg.Testi().back(), "Errore! Il tronco 1 ha gia' due derivazioni");
+    // Found by fuzzing the editing rules: the refused record named the full parent, which
+    // doesn't derive it.
+    EXPECT_EQ(doc->T(4).ID_PREV, 0);
+    EXPECT_EQ(doc->T(1).ID_LEFT, 2);
+    EXPECT_EQ(doc->T(1).ID_RIGHT, 3);
 }
 
 TEST_F(Albero, MaterialeSconosciutoOVuotoPrendeIlPrimo) {

@@ -1,0 +1,127 @@
+// Any bytes as one file of the program's folder, the one named by FORNAX_ARCHIVIO when the
+// harness is built: loading never crashes, hangs or reads outside memory, what is loaded can be
+// used as the calculation uses it, and an archive the program writes back survives a round
+// trip (written, read again and written again, it gives the same file).
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "archives/Default.h"
+#include "archives/Gas.h"
+#include "archives/Materiali.h"
+#include "archives/Pdc.h"
+#include "archives/Speciali.h"
+#include "core/ServiziProva.h"
+#include "documento/Campi.h"
+#include "documento/Tenuta.h"
+#include "fuzz/Ambiente.h"
+
+using namespace fornax;
+
+namespace {
+
+enum Archivio { GAS, PARFAMGAS, MATERIALE, EQLEN, PDCMAX, DEFAULTVALUE, TENIMPTECDEF, GRIDGAS };
+constexpr Archivio QUESTO = FORNAX_ARCHIVIO;
+
+const char* NomeFile() {
+    switch (QUESTO) {
+        case GAS:
+            return "GAS.CFG";
+        case PARFAMGAS:
+            return "PARFAMGAS.CFG";
+        case MATERIALE:
+            return "PROVA.mat";
+        case EQLEN:
+            return "EQLEN.CFG";
+        case PDCMAX:
+            return "PDCMAX_2008.CFG";
+        case DEFAULTVALUE:
+            return "defaultValue.ini";
+        case TENIMPTECDEF:
+            return "TENIMPTECDEF.CFG";
+        case GRIDGAS:
+            return "gridgas.cne";
+    }
+    return "";
+}
+
+// Reads the file into `a` and uses it; true when the program would write it back.
+bool Carica(Archivi& a, MessaggiRegistrati& msg) {
+    AvanzamentoNullo av;
+    switch (QUESTO) {
+        case GAS:
+            CaricaGas(a, msg);
+            for (int g = 1; g <= a.NumGas(); ++g) (void)NomeFamiglia(a.Gas[static_cast<size_t>(g)].Famiglia);
+            return a.NumGas() > 0;
+        case PARFAMGAS:
+            CaricaParFamGas(a);
+            return false;
+        case MATERIALE:
+            a.Materiali.assign(2, MaterialeTubo{});
+            if (!CaricaMateriale(a, 1, "PROVA")) return false;
+            CalcolaDerivati(a);
+            for (const RigaDiametro& r : a.Materiali[1].Righe) (void)DiametroInterno(a, 1, r.DN);
+            return true;
+        case EQLEN:
+            if (!CaricaSpecialiPressione(a, msg)) return false;
+            for (int tipo = 0; tipo <= 11; ++tipo)
+                for (float diametro : {-1.0f, 0.0f, 20.0f, 60.0f, 100.0f, 1e30f})
+                    (void)LunghezzaPressione(a, tipo, diametro);
+            return true;
+        case PDCMAX:
+            CaricaPdc(a, 0, msg);
+            VerificaDefaultPdc(a);
+            return true;
+        case DEFAULTVALUE:
+            LeggiDefault(a, msg);
+            return true;
+        case TENIMPTECDEF:
+            (void)LeggiDefaultTenuta(a.Cartella, msg);
+            return false;
+        case GRIDGAS:
+            LeggiColonne(a, msg, av);
+            return false;
+    }
+    return false;
+}
+
+bool Salva(Archivi& a, MessaggiRegistrati& msg) {
+    switch (QUESTO) {
+        case GAS:
+            return SalvaGas(a, msg);
+        case MATERIALE:
+            return SalvaMateriale(a, 1, msg);
+        case EQLEN:
+            return SalvaSpeciali(a, msg);
+        case PDCMAX:
+            return SalvaPdc(a, msg);
+        case DEFAULTVALUE:
+            return putDefaultValueInFile(a, msg);
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
+    static const std::string cartella = fuzz::CartellaLavoro(NomeFile());
+    static const std::string file = cartella + "/" + NomeFile();
+    fuzz::ScriviFile(file, std::string_view(reinterpret_cast<const char*>(dati), n));
+    Archivi a;
+    a.Cartella = cartella;
+    MessaggiRegistrati msg;
+    msg.scelte.assign(1000, 1);
+    if (!Carica(a, msg)) return 0;
+
+    if (!Salva(a, msg)) fuzz::Guasto("a loaded archive could not be written back");
+    const std::string prima = fuzz::LeggiFile(file);
+    Archivi b;
+    b.Cartella = cartella;
+    if (!Carica(b, msg)) fuzz::Guasto("an archive written back could not be read again");
+    if (!Salva(b, msg)) fuzz::Guasto("an archive read again could not be written back");
+    if (const std::string dopo = fuzz::LeggiFile(file); dopo != prima)
+        fuzz::GuastoRiletto("the archive read again is not the one written", prima, dopo);
+    return 0;
+}
