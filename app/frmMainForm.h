@@ -89,6 +89,9 @@ protected:
 private:
     void CreaComandi();
     void CreaComandiStampa();
+    void CreaComandiTronco();
+    // "Parametri Tronco Selezionato": the section panel of the document window.
+    void cmdParameterElemSel();
     void AggiornaTitolo();
     void AggiornaMRU();
     void AggiornaComandi();
@@ -133,6 +136,7 @@ private:
     QAction* actStampa = nullptr;
     QAction* actImpostaStampante = nullptr;
     QAction* actManualeTesto = nullptr;
+    QAction* actParametriTronco = nullptr;
     std::array<QAction*, 4> actRecenti{};
     QComboBox* ComboGas = nullptr;
     QLineEdit* txtScaleW = nullptr;
