@@ -72,6 +72,7 @@ void TestDialoghiTronco::cucinaCompletaECodifica() {
     Apri("appartamento.RTG");
     frmCportata f(amb->d);
     f.SetDati(1, 0);
+    f.show();
     QCOMPARE(f.windowTitle(), QStringLiteral("Calcolo portata  -  Tronco N. 1"));
     f.ribSelect[0]->click();
     QCOMPARE(f.Tipologia, int16_t{1});
@@ -114,6 +115,7 @@ void TestDialoghiTronco::cotturaECaldaiaSullaStessaPotenza() {
     frmCportata f(amb->d);
     f.SetDati(2, 0);
     f.ribSelect[0]->click();
+    f.txtWatt->selectAll();
     QTest::keyClicks(f.txtWatt, "10000");
     QCOMPARE(f.Portata, static_cast<float>(10000.0 / 1000 * 3.6 / gas.Pcs));
     QCOMPARE(f.txtNMC->text(), Q(TestoPortata(f.Portata)));
@@ -163,6 +165,8 @@ void TestDialoghiTronco::pannelloSpinELimiti() {
     p.SReteSync();
     p.TroncoSync(n - 1);
     p.show();
+    p.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&p));
     QVERIFY(!p.pnlContemp->isHidden());
     // The section spin stops at the last section.
     p.Text10->setFocus();
