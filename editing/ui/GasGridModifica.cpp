@@ -582,6 +582,21 @@ bool GasGrid::ParametriTronco() {
     return fatto;
 }
 
+bool GasGrid::ParametriTroncoDi(int tronco) {
+    if (tronco < 1 || tronco > d_.NumTronchi()) return false;
+    TerminaModifica();
+    VaiA(tronco, std::max(1, Col()));
+    bool fatto = false;
+    {
+        Blocco b(bloccoFuoco_);
+        fatto = ApriPTronchi(this, s_, msg_, {tronco});
+    }
+    QApplication::processEvents();
+    QApplication::processEvents();
+    Elaborazione();
+    return fatto;
+}
+
 bool GasGrid::DialogoUtenza(int riga) {
     if (riga < 1 || riga > d_.NumTronchi() || HaFigli(riga)) return false;
     TerminaModifica();

@@ -403,6 +403,18 @@ void TestDialoghiTronco::doppioClickDallaGriglia() {
     const QRect rl = g.Griglia()->visualRect(g.Modello()->index(0, colLen - 1));
     QTest::mouseDClick(g.Griglia()->viewport(), Qt::LeftButton, {}, rl.center());
     QCOMPARE(aperto, 1);
+
+    // The schema's double click on a section: the cursor follows it, the panel opens on it.
+    aperto = 0;
+    prova::QuandoModale([&](QWidget* w) {
+        auto* p = qobject_cast<PTronchi*>(w);
+        QVERIFY(p);
+        aperto = p->Tronco();
+        p->Command2->click();
+    });
+    QVERIFY(!g.ParametriTroncoDi(2));
+    QCOMPARE(aperto, 2);
+    QCOMPARE(g.Row(), 2);
 }
 
 QTEST_MAIN(TestDialoghiTronco)
