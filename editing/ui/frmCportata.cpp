@@ -181,8 +181,11 @@ void frmCportata::SetDati(int tronco, float portata) {
 void frmCportata::MostraScelta(int scelta) {
     ribSelect[scelta]->setChecked(true);
     // The group chosen shows raised; the other takes the grey of the panel.
-    ribSelect[scelta]->setStyleSheet(QString());
-    ribSelect[1 - scelta]->setStyleSheet(QStringLiteral("QPushButton { background-color: #C0C0C0; }"));
+    ribSelect[scelta]->setStyleSheet(
+        QStringLiteral("QPushButton { background-color: #F4F4F4; font-weight: bold; border: 2px outset #FFFFFF; "
+                       "padding: 4px 8px; }"));
+    ribSelect[1 - scelta]->setStyleSheet(
+        QStringLiteral("QPushButton { background-color: #C0C0C0; border: 1px solid #808080; padding: 4px 8px; }"));
     ShowUtenze(scelta == 0);
 }
 

@@ -167,6 +167,12 @@ void TestDialoghiTronco::pannelloSpinELimiti() {
     p.show();
     p.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&p));
+    // A keyboard user starts on the section number and goes down the panel with Tab.
+    QCOMPARE(QApplication::focusWidget(), p.Text10);
+    QTest::keyClick(p.Text10, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), p.txtlen);
+    QTest::keyClick(p.txtlen, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), p.Text3);
     QVERIFY(!p.pnlContemp->isHidden());
     // The section spin stops at the last section.
     p.Text10->setFocus();
