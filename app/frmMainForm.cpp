@@ -33,6 +33,7 @@
 #include "core/ui/Controlli.h"
 #include "core/ui/Icone.h"
 #include "editing/Modifiche.h"
+#include "editing/ui/DialoghiTronco.h"
 #include "editing/ui/GasGrid.h"
 #include "housekeeping/ui/frmHints.h"
 #include "reports/ui/frmManuale.h"
@@ -88,6 +89,7 @@ frmMainForm::frmMainForm(Sessione& s, Messaggi& msg, QWidget* padre)
 
     CreaComandi();
     CreaComandiStampa();
+    CreaComandiTronco();
     lblStato = new QLabel(this);
     statusBar()->addWidget(lblStato, 1);
 
@@ -298,8 +300,8 @@ void frmMainForm::AggiornaMRU() {
 
 void frmMainForm::AggiornaComandi() {
     const bool aperto = doc_ != nullptr;
-    for (QAction* act :
-         {actSalva, actSalvaCome, actParametri, actCalcola, actDiametri, actZoomPiu, actZoomMeno, actStampa})
+    for (QAction* act : {actSalva, actSalvaCome, actParametri, actCalcola, actDiametri, actZoomPiu, actZoomMeno,
+                         actStampa, actParametriTronco})
         act->setEnabled(aperto);
     ComboGas->setEnabled(aperto);
     actAutomatico->setChecked(s_.RicalcoloAutomatico != FALSO);
@@ -711,6 +713,46 @@ void frmMainForm::mnuImpostaStampante() {
 void frmMainForm::mnuManualeTesto() {
     frmManuale f(a_.Cartella, msg_, this);
     if (f.LoadManuale()) f.exec();
+}
+
+}  // namespace fornax::ui
+
+// ---- The section panel ----
+
+namespace fornax::ui {
+
+void frmMainForm::CreaComandiTronco() {
+    actParametriTronco = new QAction(style()->standardIcon(QStyle::SP_FileDialogInfoView),
+                                     QStringLiteral("Parametri Tronco Selezionato"), this);
+    actParametriTronco->setObjectName(QStringLiteral("cmdParameterElemSel"));
+    actParametriTronco->setToolTip(QStringLiteral("Parametri Tronco Selezionato (F11)"));
+    actParametriTronco->setStatusTip(QStringLiteral("Parametri Tronco Selezionato"));
+    connect(actParametriTronco, &QAction::triggered, this, &frmMainForm::cmdParameterElemSel);
+    // In the Calcolo menu and on the tool bar, beside the diameters' lock.
+    for (QAction* m : menuBar()->actions()) {
+        if (!m->menu()) continue;
+        const QList<QAction*> voci = m->menu()->actions();
+        const qsizetype i = voci.indexOf(actDiametri);
+        if (i < 0) continue;
+        if (i + 1 < voci.size())
+            m->menu()->insertAction(voci[i + 1], actParametriTronco);
+        else
+            m->menu()->addAction(actParametriTronco);
+    }
+    if (auto* barra = findChild<QToolBar*>(QStringLiteral("barraComandi")))
+        barra->insertAction(actZoomMeno, actParametriTronco);
+}
+
+void frmMainForm::cmdParameterElemSel() {
+    if (!doc_) return;
+    // The grid in view: its current row, or the rows selected. Another page: the section
+    // selected on the schema.
+    if (doc_->Griglia()->isVisible()) {
+        doc_->ParametriTronco();
+    } else if (s_.TroncoSelezionato >= 1 && s_.TroncoSelezionato <= d_.NumTronchi()) {
+        if (ApriPTronchi(this, s_, msg_, {s_.TroncoSelezionato})) doc_->Elaborazione();
+    }
+    AggiornaComandi();
 }
 
 }  // namespace fornax::ui

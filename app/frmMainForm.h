@@ -92,6 +92,9 @@ protected:
 private:
     void CreaComandi();
     void CreaComandiStampa();
+    void CreaComandiTronco();
+    // "Parametri Tronco Selezionato": the section panel of the document window.
+    void cmdParameterElemSel();
     void AggiornaTitolo();
     void AggiornaMRU();
     void AggiornaComandi();
@@ -137,6 +140,7 @@ private:
     QAction* actStampa = nullptr;
     QAction* actImpostaStampante = nullptr;
     QAction* actManualeTesto = nullptr;
+    QAction* actParametriTronco = nullptr;
     std::array<QAction*, 4> actRecenti{};
     QComboBox* ComboGas = nullptr;
     QLineEdit* txtScaleW = nullptr;

@@ -160,3 +160,97 @@ bool AdottaSpeciali(Documento& d, const std::array<TipoSpeciale, 11>& tabella) {
 void AdottaPdc(Documento& d, const TabellaPdc& tabella) { d.Pdc = tabella; }
 
 }  // namespace fornax::modifica
+
+// ---- The section panel and the consumers ----
+
+namespace fornax::modifica {
+
+namespace {
+
+void ImpostaConteggio(Tronco& t, int tipo, int16_t n) {
+    switch (tipo) {
+        case 1:
+            t.ID_NCURVE = n;
+            break;
+        case 2:
+            t.ID_NRACCORDI = n;
+            break;
+        case 3:
+            t.ID_NGOMITI = n;
+            break;
+        case 4:
+            t.ID_NRUBINETTI = n;
+            break;
+        case 5:
+            t.ID_SPC5 = n;
+            break;
+        case 6:
+            t.ID_SPC6 = n;
+            break;
+        case 7:
+            t.ID_SPC7 = n;
+            break;
+        case 8:
+            t.ID_SPC8 = n;
+            break;
+        case 9:
+            t.ID_SPC9 = n;
+            break;
+        case 10:
+            t.ID_SPC10 = n;
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+bool ApplicaParametriTronco(Documento& d, const Archivi& a, const std::vector<int>& tronchi, const ValoriPannello& v,
+                            const SelezioneCopia* campi) {
+    const std::vector<RigaSpeciale> righe = RigheSpeciali(d);
+    const bool tutti = campi == nullptr;
+    const std::string dn = Trim(v.diametro);
+    // A size typed in the box fixes the diameter, whatever the toggle says.
+    const bool misura =
+        dn != "0" && Maiuscolo(dn) != "AUTO" && a.HaMateriale(v.materiale) && IndiceRiga(a, v.materiale, dn) > 0;
+    bool scritto = false;
+    for (const int n : tronchi) {
+        if (n < 1 || n > d.NumTronchi()) continue;
+        Tronco& t = d.T(n);
+        for (const RigaSpeciale& r : righe)
+            if (tutti || CopiaConteggio(*campi, r.tipo))
+                ImpostaConteggio(t, r.tipo, ConteggioDaTesto(v.conteggi[static_cast<size_t>(r.tipo)]));
+        if (tutti || campi->eqLenAggiuntiva) t.ID_EQLENNOTA = static_cast<float>(LeggiNumero(v.eqLenNota));
+        if (tutti || campi->contemporaneita) t.ID_CONTEMP = ArrotondaI16(LeggiNumero(v.contemp));
+        if (tutti || campi->lunghezza) t.ID_LEN = static_cast<float>(LeggiNumero(v.lunghezza));
+        if (tutti || campi->diametro) {
+            if (a.HaMateriale(v.materiale)) {
+                t.IndiceMateriale = static_cast<int16_t>(v.materiale);
+                t.ID_MATERIALE = a.Materiali[static_cast<size_t>(v.materiale)].Nome;
+            }
+            t.ID_DIAMCUSTOM = v.bloccato ? VERO : FALSO;
+            if (misura) {
+                t.ID_DIAMCUSTOM = VERO;
+                t.ID_DIAMETRO = dn;
+            }
+        }
+        scritto = true;
+    }
+    if (scritto) d.ReteModificata = VERO;
+    return scritto;
+}
+
+void ApplicaUtenza(Documento& d, int tronco, const EsitoUtenza& e) {
+    if (tronco < 1 || tronco > MAX_TRONCHI) return;
+    Tronco& t = d.T(tronco);
+    t.ID_RIF = e.riferimento;
+    t.ID_P_UTENZE = e.portata;
+    t.ID_P_TRONCO = e.portata;
+    t.ID_TIPOUTENZA = e.tipologia;
+    if (e.composizione) t.ID_NOMEUTENZA = *e.composizione;
+    if (d.ReteInPressione == 0) d.DpMax = 0.0;
+    d.ReteModificata = VERO;
+}
+
+}  // namespace fornax::modifica

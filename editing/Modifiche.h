@@ -11,11 +11,14 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "editing/Cancellazione.h"
+#include "editing/ParametriTronco.h"
 #include "editing/RegoleGriglia.h"
 
 namespace fornax {
@@ -44,6 +47,32 @@ int AggiungiRiga(Documento& d);
 
 // Enter past the last column of a row beyond the last section: the table reaches that row.
 void AccogliRiga(Documento& d, int riga);
+
+// ---- The section panel ("Parametri Tronco") ----
+
+// OK of the panel: the values of its boxes into `tronchi`, in order. With `campi` null (one
+// section) every field is written; with a selection of "Selezione copia multipla" only the
+// fields it ticks. Lengths read with the decimal comma accepted; fitting counts whole, up to
+// 9999, only for the lines the network's table offers; the material by its index; the diameter
+// fixed by the toggle, or by a typed size of the material whatever the toggle says. Sections
+// outside the table are passed over. Marks the project modified; false when nothing was written.
+bool ApplicaParametriTronco(Documento& d, const Archivi& a, const std::vector<int>& tronchi, const ValoriPannello& v,
+                            const SelezioneCopia* campi = nullptr);
+
+// ---- Consumers ("Calcolo portata", "Portata utenza") ----
+
+// What a consumer dialog hands back on OK.
+struct EsitoUtenza {
+    float portata = 0;                        // Nm3/h, for the consumer and its section
+    int16_t tipologia = 0;                    // ID_TIPOUTENZA
+    std::optional<std::string> composizione;  // the cooking appliances ("Calcolo portata" only)
+    std::string riferimento;                  // the reference typed in the dialog
+};
+
+// The consumer at the far end of `tronco` confirmed: reference, flow of the consumer and of the
+// section, kind and, when given, the composition. In an internal installation the imposed drop
+// goes back to automatic, the limit following the new powers. Marks the project modified.
+void ApplicaUtenza(Documento& d, int tronco, const EsitoUtenza& e);
 
 // ---- Deleting ("Tipo cancellazione") ----
 

@@ -74,6 +74,17 @@ public:
     // True when every section that has a diameter has it fixed by the user.
     bool DiametriBloccati() const;
 
+    // ---- The section panel and the consumer dialogs ----
+    // F11 and "Parametri Tronco Selezionato": "Parametri Tronco" on the current row, or given to
+    // every section of the rows selected; then the recalculation. False when nothing changed.
+    bool ParametriTronco();
+    // The schema's double click on a section: the grid's cursor goes to its row, the panel
+    // opens on it alone, and the network is recalculated.
+    bool ParametriTroncoDi(int tronco);
+    // The consumer dialog of a terminal section's row; then the recalculation when it is
+    // automatic. False when nothing changed.
+    bool DialogoUtenza(int riga);
+
     // ---- State of the form ----
     int StatoEdit = 0;  // 1 the grid has the focus, 2 an editor is open
     int RigaEdit = 0;

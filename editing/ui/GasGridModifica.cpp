@@ -13,6 +13,7 @@
 #include <QTableView>
 #include <QToolButton>
 #include <algorithm>
+#include <vector>
 
 #include "archives/ui/ViewDiametriFrm.h"
 #include "core/Numeri.h"
@@ -21,6 +22,7 @@
 #include "core/ui/Controlli.h"
 #include "editing/Modifiche.h"
 #include "editing/RegoleGriglia.h"
+#include "editing/ui/DialoghiTronco.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "editing/ui/frmDelete.h"
@@ -229,6 +231,9 @@ bool GasGrid::eventFilter(QObject* o, QEvent* e) {
             case Qt::Key_F2:
                 GridEditing(QString());
                 return true;
+            case Qt::Key_F11:
+                ParametriTronco();
+                return true;
             default:
                 break;
         }
@@ -280,6 +285,9 @@ bool GasGrid::eventFilter(QObject* o, QEvent* e) {
                         return true;
                     case Qt::Key_Question:
                         ApriDettaglio();
+                        return true;
+                    case Qt::Key_F11:
+                        ParametriTronco();
                         return true;
                     default:
                         return false;
@@ -506,10 +514,19 @@ void GasGrid::ConfermaCella(int riga, int colonna) {
 void GasGrid::ApriDettaglio() {
     const int r = Row();
     const int c = Col();
-    if (r < 1 || c < 1) return;
-    // The consumer dialogs and the section panel open from the flow and length columns; the
-    // diameter column lists the sizes of the row's material.
-    if (IdColonna(c) != Id::ID_DIAMETRO || modello_->Colonna(c).Bloccata != 0) return;
+    if (r < 1 || c < 1 || c > modello_->UltimaColonna()) return;
+    const int id = IdColonna(c);
+    // The flow of a consumer opens its dialog, the length the section panel; the diameter
+    // column lists the sizes of the row's material.
+    if (id == Id::ID_P_UTENZE) {
+        if (r <= d_.NumTronchi() && !HaFigli(r)) DialogoUtenza(r);
+        return;
+    }
+    if (id == Id::ID_LEN) {
+        if (r <= d_.NumTronchi()) ParametriTronco();
+        return;
+    }
+    if (id != Id::ID_DIAMETRO || modello_->Colonna(c).Bloccata != 0) return;
     QString scelta;
     {
         Blocco b(bloccoFuoco_);
@@ -533,6 +550,67 @@ void GasGrid::ApriDettaglio() {
     }
     ChiudiEditor();
     VaiA(r, c);
+}
+
+// ---- The section panel and the consumer dialogs ----
+
+bool GasGrid::ParametriTronco() {
+    // What an editor holds is committed first: the panel shows the record as it stands.
+    TerminaModifica();
+    const int r = Row();
+    const int c = Col();
+    std::vector<int> tronchi;
+    if (r >= 1 && r <= d_.NumTronchi()) {
+        // The section in view first, then the other rows selected that are sections.
+        tronchi.push_back(r);
+        const int da = std::min(r, RowSel());
+        const int a = std::min<int>(std::max(r, RowSel()), d_.NumTronchi());
+        for (int k = da; k <= a; ++k)
+            if (k != r) tronchi.push_back(k);
+    }
+    if (tronchi.empty()) return false;
+    bool fatto = false;
+    {
+        Blocco b(bloccoFuoco_);
+        fatto = ApriPTronchi(this, s_, msg_, tronchi);
+    }
+    if (fatto) Elaborazione();
+    if (r >= 1 && c >= 1) {
+        ChiudiEditor();
+        Grid->setFocus(Qt::OtherFocusReason);
+    }
+    return fatto;
+}
+
+bool GasGrid::ParametriTroncoDi(int tronco) {
+    if (tronco < 1 || tronco > d_.NumTronchi()) return false;
+    TerminaModifica();
+    VaiA(tronco, std::max(1, Col()));
+    bool fatto = false;
+    {
+        Blocco b(bloccoFuoco_);
+        fatto = ApriPTronchi(this, s_, msg_, {tronco});
+    }
+    QApplication::processEvents();
+    QApplication::processEvents();
+    Elaborazione();
+    return fatto;
+}
+
+bool GasGrid::DialogoUtenza(int riga) {
+    if (riga < 1 || riga > d_.NumTronchi() || HaFigli(riga)) return false;
+    TerminaModifica();
+    bool fatto = false;
+    {
+        Blocco b(bloccoFuoco_);
+        fatto = ApriDialogoUtenza(this, s_, msg_, riga);
+    }
+    ChiudiEditor();
+    if (!fatto) return false;
+    ScriviRiga(riga);
+    SelectItemInDpMaxList();
+    if (s_.RicalcoloAutomatico != FALSO) Elaborazione();
+    return true;
 }
 
 // ---- Deleting ----

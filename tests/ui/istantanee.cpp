@@ -19,6 +19,9 @@
 #include "archives/ui/frmSpeciali.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
+#include "editing/ui/PTronchi.h"
+#include "editing/ui/frmCopySelect.h"
+#include "editing/ui/frmCportata.h"
 #include "editing/ui/frmDelete.h"
 #include "tests/ui/AmbienteUi.h"
 
@@ -40,6 +43,34 @@ void Dialogo(QDialog& d, const QString& nome) {
     QApplication::processEvents();
     Salva(&d, nome);
     d.close();
+}
+// The section panel on a junction and on a consumer, the multiple selection's fields and the
+// consumer dialogs, for the network open.
+void DialoghiTronco(prova::AmbienteUi& amb, QWidget* padre, const QString& rete) {
+    for (const int t : {1, static_cast<int>(amb.d.NumTronchi())}) {
+        PTronchi p(amb.s, amb.msg, padre);
+        p.SReteSync();
+        p.TroncoSync(t);
+        Dialogo(p, QStringLiteral("ptronchi-%1-%2").arg(rete).arg(t));
+    }
+    {
+        frmCopySelect f(amb.d, padre);
+        Dialogo(f, QStringLiteral("copyselect-") + rete);
+    }
+    {
+        frmCportata f(amb.d, padre);
+        f.SetDati(amb.d.NumTronchi(), amb.d.T(amb.d.NumTronchi()).ID_P_UTENZE);
+        f.SceltaGruppo(0);
+        f.Command3Click();
+        Dialogo(f, QStringLiteral("cportata-cottura-") + rete);
+        f.SceltaGruppo(1);
+        Dialogo(f, QStringLiteral("cportata-caldaia-") + rete);
+    }
+    {
+        frmPortata f(amb.d, padre);
+        f.SetDati(amb.d.NumTronchi(), amb.d.T(amb.d.NumTronchi()).ID_P_UTENZE);
+        Dialogo(f, QStringLiteral("portata-") + rete);
+    }
 }
 }  // namespace
 
@@ -70,6 +101,7 @@ int main(int argc, char** argv) {
 
     form.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG")));
     Salva(&form, QStringLiteral("principale-interno"));
+    DialoghiTronco(*amb, &form, QStringLiteral("interno"));
     {
         Parametri p(amb->a, amb->d, amb->msg, &form);
         Dialogo(p, QStringLiteral("parametri-interno"));
@@ -109,6 +141,7 @@ int main(int argc, char** argv) {
 
     form.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("rete-media-pressione.RTG")));
     Salva(&form, QStringLiteral("pressione"));
+    DialoghiTronco(*amb, &form, QStringLiteral("pressione"));
     // Failing values: a final pressure that the network can't hold everywhere.
     amb->d.PressioneFinale = 285;
     amb->d.T(6).ID_DIAMCUSTOM = VERO;
