@@ -16,6 +16,7 @@
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "editing/Cancellazione.h"
+#include "editing/ModificheTenuta.h"
 #include "editing/RegoleGriglia.h"
 
 namespace fornax {
