@@ -56,7 +56,7 @@ private:
 // colour (a description or a verdict in red); without them, those of its window.
 void Colora(QWidget* w, const QColor* sfondo, const QColor* testo) {
     QPalette p = w->parentWidget() ? w->parentWidget()->palette() : QPalette();
-    if (sfondo) p.setColor(QPalette::Window, *sfondo);
+    if (sfondo) p.setColor(w->backgroundRole(), *sfondo);  // an option fills with its button colour
     if (testo) p.setColor(QPalette::WindowText, *testo);
     w->setPalette(p);
     w->setAutoFillBackground(sfondo != nullptr);
@@ -231,7 +231,7 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
         data->setPlaceholderText(QStringLiteral("gg/mm/aaaa"));
         auto* calendario = new QToolButton(g);
         calendario->setObjectName(QStringLiteral("btnTenutaImpiantoCalendario"));
-        calendario->setText(QStringLiteral("…"));
+        calendario->setText(QStringLiteral("Calendario"));
         calendario->setToolTip(QStringLiteral("Scegli la data dal calendario"));
         calendario->setPopupMode(QToolButton::InstantPopup);
         auto* menu = new QMenu(calendario);
@@ -312,8 +312,11 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
     {
         auto* g = gruppo(QStringLiteral("Apparecchi alimentati dall'impianto"), sinistra);
         auto* grid = new QGridLayout(g);
-        grid->addWidget(Etichetta(QStringLiteral("Numero complessivo apparecchi"), g), 0, 0, 1, 2);
-        grid->addWidget(Campo(APP_COMPLESSIVO, true), 0, 2);
+        auto* totale = new QHBoxLayout;
+        totale->addWidget(Etichetta(QStringLiteral("Numero complessivo apparecchi"), g));
+        totale->addWidget(Campo(APP_COMPLESSIVO, true));
+        totale->addStretch(1);
+        grid->addLayout(totale, 0, 0, 1, 4);
         static const char* const testi[] = {
             "per il riscaldamento",
             "per la produzione di acqua sanitaria",
@@ -438,6 +441,11 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
     }
     destra->addStretch(1);
     return corpo;
+}
+
+void PaginaTenuta::hideEvent(QHideEvent* e) {
+    TenutaImpiantoUpdateInternalData();
+    PaginaDocumento::hideEvent(e);
 }
 
 void PaginaTenuta::DataScelta(const QString& data) {

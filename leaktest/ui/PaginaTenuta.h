@@ -53,6 +53,10 @@ public:
     // edits. True when the record changed.
     bool TenutaImpiantoUpdateInternalData();
 
+protected:
+    // Leaving the page (another tab) keeps what was typed: it goes into the record.
+    void hideEvent(QHideEvent* e) override;
+
 private:
     QLineEdit* Campo(int campo, bool numerico = false);
     QLineEdit* Calcolato(int campo);

@@ -278,17 +278,22 @@ TEST(RegoleTenuta, IlSalvataggioGiudicaConLaCapacitaDellaRete) {
     ASSERT_TRUE(CaricaArchivi(*s, programma.Percorso(), av, msg));
     ASSERT_TRUE(
         ApriProgetto(*s, std::string(FORNAX_ACCETTAZIONE_DIR) + "/projects/i25_leaktest_meter_ok.RTG", msg, av));
-    EXPECT_EQ(s->d.Tenuta.CapacitaImpianto, "2,5");
+    EXPECT_EQ(s->d.Tenuta.CapacitaImpianto, "");  // as recorded
+    EXPECT_EQ(s->d.Tenuta.CapacitaContatore, "2,5");
+    EXPECT_EQ(s->d.Tenuta.CapacitaTotale, "2.5");
     EXPECT_EQ(s->d.Tenuta.EsitoProva, Esito::IDONEO);  // the file says 3: the rules say 1
     EXPECT_EQ(s->d.Tenuta.ContDispRif, "0.8");
     const VerificaTenuta aperto = s->d.Tenuta;
 
+    Ricalcola(*s, msg);  // the sections get their diameters
     ASSERT_TRUE(SalvaProgetto(*s, programma.Percorso("salvato.RTG"), msg));
     const std::string rete = FormattaNumero(VolumeTubazioni(s->d, a) / 1000.0, "0.0");
-    ASSERT_NE(rete, "2,5");
+    ASSERT_NE(rete, "0.0");
     EXPECT_EQ(s->d.Tenuta.CapacitaImpianto, rete);
+    EXPECT_EQ(LeggiNumero(s->d.Tenuta.CapacitaTotale), LeggiNumero(rete) + 2.5);
     const std::string salvato = programma.LeggiByte("salvato.RTG");
-    EXPECT_NE(salvato.find("\r\n" + rete + "\r\n\r\n" + rete + "\r\n12/03/2024\r\n"), std::string::npos);
+    EXPECT_NE(salvato.find("\r\n" + rete + "\r\n2,5\r\n" + s->d.Tenuta.CapacitaTotale + "\r\n12/03/2024\r\n"),
+              std::string::npos);
 
     // Reopened, every field reads as saved.
     const VerificaTenuta primaDiRiaprire = s->d.Tenuta;

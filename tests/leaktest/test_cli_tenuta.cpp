@@ -50,8 +50,8 @@ TEST_F(CliTenuta, ProvaConIlContatore) {
     EXPECT_EQ(Campo(j, 1), "Impianti Rossi s.r.l.");
     EXPECT_EQ(Campo(j, 4), "Mario Rossi");
     EXPECT_EQ(Campo(j, 18), "2");
-    EXPECT_EQ(Campo(j, 19), "2,5");  // the capacity recorded, as opening keeps it
-    EXPECT_EQ(Campo(j, 20), "");
+    EXPECT_EQ(Campo(j, 19), "");  // the pipes' capacity recorded, as opening keeps it
+    EXPECT_EQ(Campo(j, 20), "2,5");
     EXPECT_EQ(Campo(j, 21), "2.5");
     EXPECT_EQ(Campo(j, 22), "12/03/2024");
     EXPECT_EQ(Campo(j, 24), "1;;3;;;;");
