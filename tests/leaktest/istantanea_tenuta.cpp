@@ -7,7 +7,10 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabWidget>
 
+#include "app/FinestraDocumento.h"
+#include "app/frmMainForm.h"
 #include "leaktest/ui/PaginaTenuta.h"
 #include "tests/ui/AmbienteUi.h"
 
@@ -57,5 +60,18 @@ int main(int argc, char** argv) {
     });
     Pagina(*amb, prova::AmbienteUi::Esempio("bifamiliare-gpl.RTG"), QStringLiteral("gpl"));
     Pagina(*amb, prova::AmbienteUi::Esempio("rete-media-pressione.RTG"), QStringLiteral("pressione"));
+
+    // The main window of a 1366x768 screen with the page in view.
+    for (const auto& [progetto, nome] :
+         {std::pair{prova::AmbienteUi::Accettazione("i25_leaktest_meter_ok.RTG"), QStringLiteral("finestra-metano")},
+          std::pair{prova::AmbienteUi::Esempio("bifamiliare-gpl.RTG"), QStringLiteral("finestra-gpl")}}) {
+        frmMainForm f(amb->s, amb->msg);
+        f.resize(1366, 740);
+        f.show();
+        if (!f.ApriPercorso(QString::fromStdString(progetto))) qFatal("non si apre");
+        QTabWidget* schede = f.Finestra()->Schede();
+        schede->setCurrentIndex(schede->count() - 1);
+        Salva(&f, nome);
+    }
     return 0;
 }
