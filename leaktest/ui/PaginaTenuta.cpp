@@ -267,6 +267,10 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
             digitato_[ORA] = true;
             Conferma(ORA);
         });
+        // Wide enough for a whole date and time, hint included.
+        const QFontMetrics fm(data->font());
+        data->setMinimumWidth(fm.horizontalAdvance(QStringLiteral("gg/mm/aaaa")) + 24);
+        ora->setMinimumWidth(fm.horizontalAdvance(QStringLiteral("hh:mm")) + 24);
         auto* quando = new QHBoxLayout;
         quando->addWidget(data, 2);
         quando->addWidget(calendario);
