@@ -5,6 +5,7 @@
 
 #include "core/ui/PaginaDocumento.h"
 #include "editing/ui/GasGrid.h"
+#include "leaktest/ui/PaginaTenuta.h"
 
 namespace fornax::ui {
 
@@ -22,6 +23,7 @@ FinestraDocumento::FinestraDocumento(Sessione& s, Messaggi& msg, QWidget* padre)
     // The grid recalculates after each of its own commits; another page in view follows.
     connect(griglia_, &GasGrid::elaborato, this, [this] { AggiornaPaginaCorrente(); });
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int) { Elaborazione(); });
+    AggiungiPagina(new PaginaTenuta(s, msg, SSTab1), PaginaTenuta::Titolo());  // tab 2, after the schema
 }
 
 void FinestraDocumento::AggiungiPagina(PaginaDocumento* pagina, const QString& titolo) {

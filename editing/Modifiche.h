@@ -18,6 +18,7 @@
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "editing/Cancellazione.h"
+#include "editing/ModificheTenuta.h"
 #include "editing/ParametriTronco.h"
 #include "editing/RegoleGriglia.h"
 
@@ -26,8 +27,6 @@ namespace fornax {
 class Messaggi;
 
 namespace modifica {
-
-// ---- The document window ----
 
 // ---- Cells of the grid ----
 

@@ -10,4 +10,8 @@ void ApriPaginaTenuta(Documento& d, const Archivi& a, StatoPaginaTenuta& stato, 
     TenutaImpiantoInit(d, a, ditta, stato, VolumeTubazioni(d, a) / 1000.0, msg);
 }
 
+void RinfrescaPaginaTenuta(Documento& d, const Archivi& a, StatoPaginaTenuta& stato, Messaggi& msg) {
+    TenutaImpiantoRefresh(d, a, stato, VolumeTubazioni(d, a) / 1000.0, msg);
+}
+
 }  // namespace fornax

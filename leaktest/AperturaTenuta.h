@@ -11,6 +11,13 @@ namespace fornax {
 
 class Messaggi;
 
+// TenutaImpiantoInit on the open project: reads TENIMPTECDEF.CFG of the program's folder (a
+// missing file is created empty), fills an empty firm, and judges the record keeping the
+// capacity of the pipes it records.
 void ApriPaginaTenuta(Documento& d, const Archivi& a, StatoPaginaTenuta& stato, Messaggi& msg);
+
+// TenutaImpiantoRefresh on the open project: every judgement after the first one, the page's
+// and the writer's, takes the capacity of the pipes from the network as it stands.
+void RinfrescaPaginaTenuta(Documento& d, const Archivi& a, StatoPaginaTenuta& stato, Messaggi& msg);
 
 }  // namespace fornax

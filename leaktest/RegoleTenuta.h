@@ -46,4 +46,13 @@ void TenutaImpiantoRefresh(Documento& d, const Archivi& a, StatoPaginaTenuta& st
 // The evaluation alone on a record, with the family's reference pressure and leak.
 void ValutaTenuta(VerificaTenuta& r, StatoPaginaTenuta& stato, float pressioneRif, float dispersioneRif);
 
+// The frame of a method's data (1 meter, 2 pressure drop) is open while that method is chosen;
+// with no method chosen neither is.
+inline bool MetodoAperto(const VerificaTenuta& r, int metodo) { return r.MetodoProva == metodo; }
+// A pair of options (method, shut-off device) neither of which is chosen: the page points it
+// out as what is missing.
+inline bool CoppiaSenzaRisposta(int16_t codice) { return codice != 1 && codice != 2; }
+// The verdict "not suitable" is drawn in red.
+inline bool EsitoInRosso(const VerificaTenuta& r) { return r.EsitoProva == Esito::NON_IDONEO; }
+
 }  // namespace fornax

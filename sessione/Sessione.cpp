@@ -169,8 +169,10 @@ bool SalvaProgetto(Sessione& s, const std::string& percorso, Messaggi& msg) {
     StatoPaginaTenuta pagina = s.PaginaTenuta;
     // The writer stores the leak-test record as the page holds it. A project whose page was
     // never filled (a new one) has it filled now, as opening would: the firm's defaults into an
-    // empty firm, the record judged.
+    // empty firm, the record judged. Then the writer judges it once more itself, with the
+    // capacity of the pipes of the network as it stands.
     if (!pagina.inizializzata) ApriPaginaTenuta(*copia, s.a, pagina, msg);
+    RinfrescaPaginaTenuta(*copia, s.a, pagina, msg);
     if (!ScriviProgetto(*copia, s.a, percorso, msg)) return false;
     s.d = std::move(*copia);
     s.PaginaTenuta = pagina;

@@ -112,7 +112,8 @@ bool NuovoProgetto(Sessione& s, bool pressione, Messaggi& msg);
 
 // Writes the project to `percorso` as every front end saves it: the leak-test record as the
 // page holds it (a page never filled, as in a new project, is filled first, as opening fills
-// it), written to a temporary file renamed over the target. The filling and the repairs saving
+// it), judged once more by the writer with the capacity of the pipes of the network, written
+// to a temporary file renamed over the target. The filling and the repairs saving
 // makes (links past the last section) are done on a copy that becomes the document only when
 // the write succeeded, so a failed save changes nothing in memory and leaves the old file.
 bool SalvaProgetto(Sessione& s, const std::string& percorso, Messaggi& msg);
