@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "app/FinestraDocumento.h"
 #include "app/frmMainForm.h"
 #include "app/frmSplash.h"
 #include "core/ImpostazioniFile.h"
@@ -95,8 +96,8 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     // Speed and pressures start from the defaults, also for the project just opened.
     modifica::DefaultAllApertura(p->d, p->a);
     if (form.ProgettoAperto()) {
-        form.FinestraDocumento()->InitInitialPressureCombo();
-        form.FinestraDocumento()->Elaborazione();
+        form.Griglia()->InitInitialPressureCombo();
+        form.Finestra()->Elaborazione();
     }
     p->s.AvvioCompletato = VERO;
 

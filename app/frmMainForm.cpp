@@ -19,6 +19,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "app/FinestraDocumento.h"
 #include "app/frmAttivita.h"
 #include "app/frmSplash.h"
 #include "archives/EditoriArchivi.h"
@@ -189,7 +190,7 @@ void frmMainForm::CreaComandi() {
                 msg_.Mostra("Il file '" + S(percorso) + "' non esiste");
                 return;
             }
-            if (doc_) doc_->TerminaModifica();
+            if (doc_) finestra_->TerminaModifica();
             if (!Chiedi()) return;
             ApriPercorso(percorso);
         });
@@ -330,12 +331,12 @@ void frmMainForm::AggiornaComboGas() {
 void frmMainForm::ComboGasScelto(int indice) {
     const int g = indice + 1;
     if (g < 1 || g > a_.NumGas()) return;
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     if (!modifica::ScegliGas(d_, a_, g, msg_)) {
         AggiornaComboGas();
         return;
     }
-    if (doc_) doc_->Elaborazione();
+    if (doc_) finestra_->Elaborazione();
     AggiornaComandi();
 }
 
@@ -343,10 +344,11 @@ void frmMainForm::ComboGasScelto(int indice) {
 
 void frmMainForm::CreaDocumento() {
     ChiudiDocumento();
-    auto* g = new GasGrid(s_, msg_, centro_);
+    finestra_ = new FinestraDocumento(s_, msg_, centro_);
+    auto* g = finestra_->Griglia();
     doc_ = g;
-    centro_->addWidget(g);
-    centro_->setCurrentWidget(g);
+    centro_->addWidget(finestra_);
+    centro_->setCurrentWidget(finestra_);
     connect(g, &GasGrid::elaborato, this, [this] { AggiornaComandi(); });
     connect(g, &GasGrid::zoomCambiato, this, [this](int, const QString& scala) { txtScaleW->setText(scala); });
     {
@@ -361,10 +363,11 @@ void frmMainForm::CreaDocumento() {
 
 void frmMainForm::ChiudiDocumento() {
     if (!doc_) return;
-    GasGrid* g = doc_;
+    FinestraDocumento* f = finestra_;
     doc_ = nullptr;
-    centro_->removeWidget(g);
-    delete g;
+    finestra_ = nullptr;
+    centro_->removeWidget(f);
+    delete f;
     centro_->setCurrentWidget(vuoto_);
     AggiornaComandi();
 }
@@ -433,14 +436,14 @@ bool frmMainForm::ApriPercorso(const QString& percorso) {
 }
 
 void frmMainForm::NuovoMnu() {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     if (!Chiedi()) return;
     ChiudiDocumento();
     if (AttivitaDopoChiusura) MostraAttivita();
 }
 
 void frmMainForm::ApriMnu() {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     const QString nome = DialogoApri ? DialogoApri() : QString();
     if (nome.isEmpty()) return;
     if (!Chiedi()) return;
@@ -450,7 +453,7 @@ void frmMainForm::ApriMnu() {
 
 void frmMainForm::SalvaMnu() {
     if (!doc_) return;
-    doc_->TerminaModifica();
+    finestra_->TerminaModifica();
     SalvaConNome(s_, d_.NomeFileProgetto, msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
@@ -459,7 +462,7 @@ void frmMainForm::SalvaMnu() {
 
 void frmMainForm::SaveAsMnu() {
     if (!doc_) return;
-    doc_->TerminaModifica();
+    finestra_->TerminaModifica();
     SalvaConNome(s_, "", msg_, NomePerSalvare());
     AggiornaTitolo();
     AggiornaMRU();
@@ -469,7 +472,7 @@ void frmMainForm::SaveAsMnu() {
 void frmMainForm::EsciMnu() { close(); }
 
 void frmMainForm::closeEvent(QCloseEvent* e) {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     if (!Chiedi()) {
         e->ignore();
         return;
@@ -525,7 +528,7 @@ void frmMainForm::DopoParametri() {
     if (!doc_) return;
     {
         Attesa attesa;
-        doc_->Elaborazione();
+        finestra_->Elaborazione();
     }
     doc_->InitInitialPressureCombo();
     doc_->InitDPMaxCombo();
@@ -535,33 +538,33 @@ void frmMainForm::DopoParametri() {
 
 void frmMainForm::ParametriMnu() {
     if (!doc_) return;
-    doc_->TerminaModifica();
+    finestra_->TerminaModifica();
     Parametri p(a_, d_, msg_, this);
     p.GestioneGas = [this, &p] { ApriGestioneGas(&p); };
     if (p.exec() == QDialog::Accepted) DopoParametri();
 }
 
 void frmMainForm::defaultValue() {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     frmDefaultValue f(a_, d_, s_.imp, msg_, this);
     f.exec();
 }
 
 void frmMainForm::mnuEqLen() {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     frmSpeciali f(a_, msg_, this);
     if (f.exec() != QDialog::Accepted || !f.Salvato()) return;
     // The table in force changes only for a pressure network; an internal installation keeps
     // the built-in one.
-    if (modifica::AdottaSpeciali(d_, f.Tabella()) && doc_) doc_->Elaborazione();
+    if (modifica::AdottaSpeciali(d_, f.Tabella()) && doc_) finestra_->Elaborazione();
 }
 
 void frmMainForm::mnuPreferenze() {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     frmPDC f(a_, d_, msg_, this);
     if (f.exec() != QDialog::Accepted) return;
     modifica::AdottaPdc(d_, f.Tabella());
-    if (doc_) doc_->Elaborazione();
+    if (doc_) finestra_->Elaborazione();
 }
 
 // ---- Archive editors ----
@@ -569,14 +572,14 @@ void frmMainForm::mnuPreferenze() {
 void frmMainForm::mnuGas() { ApriGestioneGas(this); }
 
 void frmMainForm::ApriGestioneGas(QWidget* padre) {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     frmGas f(a_, d_, msg_, padre);
     f.exec();
     if (doc_) {
         if (DopoGestioneGas(d_, a_, f.Salvati(), msg_, f.Cancellati())) doc_->InitDPMaxCombo();
         if (s_.RicalcoloAutomatico != FALSO) {
             Attesa attesa;
-            doc_->Elaborazione();
+            finestra_->Elaborazione();
         }
     }
     AggiornaComboGas();
@@ -584,7 +587,7 @@ void frmMainForm::ApriGestioneGas(QWidget* padre) {
 }
 
 void frmMainForm::MaterialiMnu() {
-    if (doc_) doc_->TerminaModifica();
+    if (doc_) finestra_->TerminaModifica();
     GestMateriali f(a_, msg_, this);
     connect(&f, &GestMateriali::materialeSalvato, this, [this] {
         if (doc_) doc_->LoadCombos();
@@ -596,7 +599,7 @@ void frmMainForm::MaterialiMnu() {
     doc_->LoadCombos();
     if (f.Salvato() && s_.RicalcoloAutomatico != FALSO) {
         Attesa attesa;
-        doc_->Elaborazione();
+        finestra_->Elaborazione();
     }
 }
 
@@ -620,13 +623,13 @@ void frmMainForm::SuggerimentiAllAvvio() { servizio_->SuggerimentiAllAvvio(); }
 
 void frmMainForm::CommandCalculate() {
     if (!doc_) return;
-    doc_->TerminaModifica();
+    finestra_->TerminaModifica();
     if (d_.ReteInPressione == 0 && d_.GasCorrente.NonCombustibile != 0) {
         msg_.Mostra("Nel calcolo dell'impianto interno gas non può essere utilizzato un gas non combustibile");
         return;
     }
     Attesa attesa;
-    doc_->Elaborazione();
+    finestra_->Elaborazione();
 }
 
 void frmMainForm::CommandAutomaticRecalculate() {
@@ -692,7 +695,7 @@ void frmMainForm::CreaComandiStampa() {
 
 void frmMainForm::StampaMnu() {
     if (!doc_) return;
-    doc_->TerminaModifica();
+    finestra_->TerminaModifica();
     frmStampa f(d_, a_, s_.imp, msg_, this);
     f.exec();
     // The run recalculated the network: the page shows what was printed.

@@ -22,6 +22,7 @@ class QStackedWidget;
 namespace fornax::ui {
 
 class ComandiServizio;
+class FinestraDocumento;
 class GasGrid;
 
 class frmMainForm : public QMainWindow {
@@ -68,7 +69,9 @@ public:
     void SuggerimentiAllAvvio();
 
     // The document window, null when no project is open.
-    GasGrid* FinestraDocumento() const { return doc_; }
+    FinestraDocumento* Finestra() const { return finestra_; }
+    // The grid of sections, the document window's first page.
+    GasGrid* Griglia() const { return doc_; }
     bool ProgettoAperto() const { return doc_ != nullptr; }
 
     // File dialogs, replaceable by the tests: the name chosen, "" when cancelled.
@@ -107,7 +110,8 @@ private:
     Documento& d_;
     Archivi& a_;
     Messaggi& msg_;
-    GasGrid* doc_ = nullptr;  // owned by the central stack; made anew on each open
+    FinestraDocumento* finestra_ = nullptr;  // owned by the central stack; made anew on each open
+    GasGrid* doc_ = nullptr;                 // its grid page
     QStackedWidget* centro_ = nullptr;
     QWidget* vuoto_ = nullptr;
 

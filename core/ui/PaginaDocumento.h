@@ -12,6 +12,7 @@ class PaginaDocumento : public QWidget {
     Q_OBJECT
 public:
     using QWidget::QWidget;
+    ~PaginaDocumento() override;
 
     // Shows the document as it stands after a recalculation. Called for the page in view only.
     virtual void Aggiorna() = 0;

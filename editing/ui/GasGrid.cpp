@@ -9,7 +9,6 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
-#include <QTabWidget>
 #include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -77,7 +76,7 @@ void Colora(QComboBox* c, bool rosso) {
 }  // namespace
 
 GasGrid::GasGrid(Sessione& s, Messaggi& msg, QWidget* padre)
-    : QWidget(padre), Zoom(s.Zoom), TroncoSelezionato(s.TroncoSelezionato), s_(s), d_(s.d), a_(s.a), msg_(msg) {
+    : PaginaDocumento(padre), Zoom(s.Zoom), TroncoSelezionato(s.TroncoSelezionato), s_(s), d_(s.d), a_(s.a), msg_(msg) {
     setObjectName(QStringLiteral("GasGrid"));
     modifica::PreparaDocumento(d_);
     Costruisci();
@@ -143,15 +142,9 @@ void GasGrid::Costruisci() {
     testa->addWidget(lblLimite);
     lay->addLayout(testa);
 
-    SSTab1 = new QTabWidget(this);
-    SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1->setDocumentMode(true);
-    auto* pagina = new QWidget(SSTab1);
-    auto* lp = new QVBoxLayout(pagina);
-    lp->setContentsMargins(0, 4, 0, 0);
-    lp->setSpacing(3);
+    auto* lp = lay;
 
-    Grid = new QTableView(pagina);
+    Grid = new QTableView(this);
     Grid->setObjectName(QStringLiteral("Grid"));
     modello_ = new ModelloTronchi(a_, this);
     Grid->setModel(modello_);
@@ -224,14 +217,14 @@ void GasGrid::Costruisci() {
 
     // The help of the column in view, the material's description, the state of the diameter.
     auto* piede = new QHBoxLayout;
-    Panel3D2 = new QLabel(pagina);
+    Panel3D2 = new QLabel(this);
     Panel3D2->setObjectName(QStringLiteral("Panel3D2"));
     Panel3D2->setFrameShape(QFrame::Panel);
     Panel3D2->setFrameShadow(QFrame::Sunken);
     Panel3D2->setMargin(3);
     Panel3D2->setMinimumHeight(Grid->fontMetrics().height() + 10);
     Panel3D2->setTextFormat(Qt::PlainText);
-    imgDiametro = new QLabel(pagina);
+    imgDiametro = new QLabel(this);
     imgDiametro->setObjectName(QStringLiteral("imgDiametro"));
     imgDiametro->setFrameShape(QFrame::Panel);
     imgDiametro->setFrameShadow(QFrame::Sunken);
@@ -240,9 +233,6 @@ void GasGrid::Costruisci() {
     piede->addWidget(Panel3D2, 1);
     piede->addWidget(imgDiametro);
     lp->addLayout(piede);
-
-    SSTab1->addTab(pagina, QStringLiteral("Tabella tronchi"));
-    lay->addWidget(SSTab1, 1);
 
     connect(Grid->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { PosizionaEditor(); });
     connect(Grid->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { PosizionaEditor(); });
@@ -255,7 +245,7 @@ void GasGrid::Costruisci() {
 
     auto* f9 = new QShortcut(QKeySequence(Qt::Key_F9), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(f9, &QShortcut::activated, this, [this] {
-        if (SSTab1->currentIndex() == 0) {
+        if (isVisible()) {
             TerminaModifica();
             Elaborazione();
         }

@@ -12,12 +12,12 @@
 
 #include "archives/Archivi.h"
 #include "calc/Calcolo.h"
+#include "core/ui/PaginaDocumento.h"
 #include "sessione/Sessione.h"
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QTabWidget;
 class QTableView;
 class QToolButton;
 
@@ -29,7 +29,7 @@ namespace fornax::ui {
 
 class ModelloTronchi;
 
-class GasGrid : public QWidget {
+class GasGrid : public PaginaDocumento {
     Q_OBJECT
 public:
     // The window shows the session's document; the work table, the zoom and the selection are
@@ -66,7 +66,9 @@ public:
     void SelectItemInDpMaxList();
     // Commits what an open editor holds, as when it loses the focus (the main frame calls it
     // before its commands).
-    void TerminaModifica();
+    void TerminaModifica() override;
+    // The grid shows the document again (recalculating it first).
+    void Aggiorna() override { Elaborazione(); }
     // Fixes (true) or frees (false) the diameter of every section, then recalculates.
     void BloccaDiametri(bool bloccati);
     // True when every section that has a diameter has it fixed by the user.
@@ -85,7 +87,6 @@ public:
     int& TroncoSelezionato;      // the section selected on the schema (the session's)
 
     // ---- Parts, for the main frame and the tests ----
-    QTabWidget* Schede() const { return SSTab1; }
     QTableView* Griglia() const { return Grid; }
     ModelloTronchi* Modello() const { return modello_; }
     QLineEdit* EditorTesto() const { return Text1; }
@@ -141,7 +142,6 @@ private:
     Archivi& a_;
     Messaggi& msg_;
 
-    QTabWidget* SSTab1 = nullptr;
     QTableView* Grid = nullptr;
     ModelloTronchi* modello_ = nullptr;
     QLineEdit* Text1 = nullptr;

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "app/frmAttivita.h"
+#include "app/FinestraDocumento.h"
 #include "app/frmMainForm.h"
 #include "app/frmSplash.h"
 #include "archives/ui/Parametri.h"
@@ -96,14 +97,14 @@ int main(int argc, char** argv) {
     }
     // Failing values: the sizes fixed, then a limit imposed far below what they give; the last
     // section at its material's largest size.
-    form.FinestraDocumento()->BloccaDiametri(true);
+    form.Griglia()->BloccaDiametri(true);
     const Tronco& t3 = amb->d.T(3);
     const MaterialeTubo& m3 = amb->a.Materiali[static_cast<size_t>(t3.IndiceMateriale)];
     amb->d.T(3).ID_DIAMETRO = m3.Righe[static_cast<size_t>(m3.NumRighe())].DN;
     amb->d.T(3).ID_LEN = 300;
     amb->d.DpMax = 20;
-    form.FinestraDocumento()->InitDPMaxCombo();
-    form.FinestraDocumento()->Elaborazione();
+    form.Griglia()->InitDPMaxCombo();
+    form.Finestra()->Elaborazione();
     Salva(&form, QStringLiteral("griglia-fallita"));
 
     form.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("rete-media-pressione.RTG")));
@@ -112,8 +113,8 @@ int main(int argc, char** argv) {
     amb->d.PressioneFinale = 285;
     amb->d.T(6).ID_DIAMCUSTOM = VERO;
     amb->d.T(6).ID_DIAMETRO = "20x3";
-    form.FinestraDocumento()->InitInitialPressureCombo();
-    form.FinestraDocumento()->Elaborazione();
+    form.Griglia()->InitInitialPressureCombo();
+    form.Finestra()->Elaborazione();
     Salva(&form, QStringLiteral("pressione-fallita"));
     {
         Parametri p(amb->a, amb->d, amb->msg, &form);
@@ -124,7 +125,7 @@ int main(int argc, char** argv) {
         Dialogo(f, QStringLiteral("speciali"));
     }
     // An editor open on a cell.
-    GasGrid* g = form.FinestraDocumento();
+    GasGrid* g = form.Griglia();
     g->VaiA(2, g->Modello()->ColonnaDi(Id::ID_DIAMETRO));
     g->GridEditing(QString());
     Salva(&form, QStringLiteral("editor-diametro"));

@@ -342,7 +342,7 @@ void TestEditoriArchivi::tubazioniNuovaCancellaEListaDellaGriglia() {
     frmMainForm f(amb->s, amb->msg);
     f.show();
     QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
-    auto* listaGriglia = Figlio<QComboBox>(f.FinestraDocumento(), "Combo1");
+    auto* listaGriglia = Figlio<QComboBox>(f.Griglia(), "Combo1");
     const QStringList prima = Voci(listaGriglia);
 
     QuandoAperto<GestMateriali>([](GestMateriali* w) {

@@ -11,11 +11,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
 #include <fstream>
 
+#include "app/FinestraDocumento.h"
 #include "app/frmMainForm.h"
 #include "archives/Pdc.h"
 #include "archives/Speciali.h"
@@ -26,6 +28,7 @@
 #include "archives/ui/frmSpeciali.h"
 #include "core/Numeri.h"
 #include "core/ui/MessaggiQt.h"
+#include "core/ui/PaginaDocumento.h"
 #include "documento/Progetto.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
@@ -64,7 +67,50 @@ private slots:
     void perditeDiCaricoPredefinite();
     void sceltaDellaCancellazione();
     void messaggiConIBottoniDelProdotto();
+    void laFinestraDelDocumentoAggiornaLaPaginaInVista();
 };
+
+namespace {
+// A page that counts how often the window asks it to show the document.
+class PaginaContata : public PaginaDocumento {
+public:
+    using PaginaDocumento::PaginaDocumento;
+    void Aggiorna() override { ++aggiornamenti; }
+    void TerminaModifica() override { ++terminate; }
+    void Modifica() { emit richiestaElaborazione(); }
+    int aggiornamenti = 0;
+    int terminate = 0;
+};
+}  // namespace
+
+void TestFinestre::laFinestraDelDocumentoAggiornaLaPaginaInVista() {
+    auto amb = prova::NuovoAmbiente();
+    frmMainForm f(amb->s, amb->msg);
+    QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
+    FinestraDocumento* w = f.Finestra();
+    auto* pagina = new PaginaContata;
+    w->AggiungiPagina(pagina, QStringLiteral("Prova"));
+    QCOMPARE(w->Schede()->count(), 2);
+    int elaborazioni = 0;
+    connect(w->Griglia(), &GasGrid::elaborato, [&] { ++elaborazioni; });
+
+    // Hidden, the page is not asked; shown, it is, after a recalculation.
+    w->Elaborazione();
+    QCOMPARE(pagina->aggiornamenti, 0);
+    w->Schede()->setCurrentWidget(pagina);
+    QCOMPARE(pagina->aggiornamenti, 1);
+    QCOMPARE(elaborazioni, 2);
+    // An edit on the page: the network is recalculated and the page shows it.
+    pagina->Modifica();
+    QCOMPARE(elaborazioni, 3);
+    QCOMPARE(pagina->aggiornamenti, 2);
+    // A command of the main frame commits the editor of the page in view, not the grid's.
+    w->TerminaModifica();
+    QCOMPARE(pagina->terminate, 1);
+    // Back on the grid, the page rests.
+    w->Schede()->setCurrentIndex(0);
+    QCOMPARE(pagina->aggiornamenti, 2);
+}
 
 void TestFinestre::parametriCambiaLaNormaERicalcola() {
     auto amb = prova::NuovoAmbiente();
@@ -73,7 +119,7 @@ void TestFinestre::parametriCambiaLaNormaERicalcola() {
     frmMainForm f(amb->s, amb->msg);
     f.show();
     QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
-    GasGrid* g = f.FinestraDocumento();
+    GasGrid* g = f.Griglia();
     // Automatic limit: the edition's table decides.
     auto* dpmax = Figlio<QComboBox>(g, "ComboDpMax");
     dpmax->setCurrentIndex(0);

@@ -53,7 +53,7 @@ private:
 
     // Types a value in a cell of the document window and commits it with Enter.
     void Scrivi(int riga, int id, const QString& testo) {
-        GasGrid* g = f->FinestraDocumento();
+        GasGrid* g = f->Griglia();
         g->VaiA(riga, g->Modello()->ColonnaDi(id));
         g->GridEditing(testo);
         QTest::keyClick(g->EditorTesto(), Qt::Key_Return);
@@ -128,7 +128,7 @@ void TestSessione::salvaERiapri() {
     QCOMPARE(amb->d.T(2).ID_LEN, 7.0f);
     QCOMPARE(amb->d.T(3).ID_LEN, 2.5f);
     QCOMPARE(
-        f->FinestraDocumento()->Modello()->cella(3, f->FinestraDocumento()->Modello()->ColonnaDi(Id::ID_LEN)).testo,
+        f->Griglia()->Modello()->cella(3, f->Griglia()->Modello()->ColonnaDi(Id::ID_LEN)).testo,
         QStringLiteral("2.50"));
     // A cancelled dialog leaves everything as it stands.
     f->DialogoApri = [] { return QString(); };
@@ -165,17 +165,17 @@ void TestSessione::nuoviProgettiDeiDueTipi() {
     Crea();
     QVERIFY(f->NuovoProgetto(false));
     QVERIFY(f->ProgettoAperto());
-    QCOMPARE(f->FinestraDocumento()->TipoGriglia, 0);
+    QCOMPARE(f->Griglia()->TipoGriglia, 0);
     QCOMPARE(amb->d.ReteInPressione, FALSO);
     QCOMPARE(amb->d.OrientamentoSorgente, int16_t(0));
     QCOMPARE(amb->d.SlotCorrente, int16_t(1));
     // The limit in force is shown above the grid.
-    QCOMPARE(f->FinestraDocumento()->findChild<QLabel*>(QStringLiteral("lblLimite"))->text(),
+    QCOMPARE(f->Griglia()->findChild<QLabel*>(QStringLiteral("lblLimite"))->text(),
              QStringLiteral("Perdita massima ammessa: 100 Pa"));
     QCOMPARE(amb->d.Speciali[1].Lunghezza[2][1], 0.2f);
 
     QVERIFY(f->NuovoProgetto(true));
-    QCOMPARE(f->FinestraDocumento()->TipoGriglia, 5);
+    QCOMPARE(f->Griglia()->TipoGriglia, 5);
     QCOMPARE(amb->d.OrientamentoSorgente, int16_t(1));
     QCOMPARE(amb->d.Speciali[1].Nome, std::string("CURVA"));
     QCOMPARE(amb->d.Speciali[1].Lunghezza[1][1], 0.7f);
@@ -293,10 +293,10 @@ void TestSessione::interruttoriEZoom() {
     auto* scala = f->findChild<QLineEdit*>(QStringLiteral("txtScaleW"));
     QCOMPARE(scala->text(), QStringLiteral("100"));
     for (int k = 0; k < 10; ++k) Azione("Command6")->trigger();
-    QCOMPARE(f->FinestraDocumento()->Zoom, 5);
+    QCOMPARE(f->Griglia()->Zoom, 5);
     QCOMPARE(scala->text(), QStringLiteral("169"));
     for (int k = 0; k < 20; ++k) Azione("Command7")->trigger();
-    QCOMPARE(f->FinestraDocumento()->Zoom, -12);
+    QCOMPARE(f->Griglia()->Zoom, -12);
     QCOMPARE(scala->text(), QStringLiteral("28"));
 }
 

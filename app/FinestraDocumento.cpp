@@ -1,0 +1,47 @@
+#include "app/FinestraDocumento.h"
+
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "core/ui/PaginaDocumento.h"
+#include "editing/ui/GasGrid.h"
+
+namespace fornax::ui {
+
+FinestraDocumento::FinestraDocumento(Sessione& s, Messaggi& msg, QWidget* padre) : QWidget(padre) {
+    setObjectName(QStringLiteral("FinestraDocumento"));
+    auto* lay = new QVBoxLayout(this);
+    lay->setContentsMargins(0, 0, 0, 0);
+    SSTab1 = new QTabWidget(this);
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1->setDocumentMode(true);
+    lay->addWidget(SSTab1);
+
+    griglia_ = new GasGrid(s, msg, SSTab1);
+    SSTab1->addTab(griglia_, QStringLiteral("Tabella tronchi"));
+    // The grid recalculates after each of its own commits; another page in view follows.
+    connect(griglia_, &GasGrid::elaborato, this, [this] { AggiornaPaginaCorrente(); });
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this](int) { Elaborazione(); });
+}
+
+void FinestraDocumento::AggiungiPagina(PaginaDocumento* pagina, const QString& titolo) {
+    SSTab1->addTab(pagina, titolo);
+    connect(pagina, &PaginaDocumento::richiestaElaborazione, this, [this] { Elaborazione(); });
+}
+
+PaginaDocumento* FinestraDocumento::PaginaCorrente() const {
+    return qobject_cast<PaginaDocumento*>(SSTab1->currentWidget());
+}
+
+void FinestraDocumento::Elaborazione() { griglia_->Elaborazione(); }
+
+void FinestraDocumento::AggiornaPaginaCorrente() {
+    PaginaDocumento* p = PaginaCorrente();
+    if (p != nullptr && p != griglia_) p->Aggiorna();
+}
+
+void FinestraDocumento::TerminaModifica() {
+    if (PaginaDocumento* p = PaginaCorrente()) p->TerminaModifica();
+}
+
+}  // namespace fornax::ui
