@@ -5,6 +5,7 @@
 
 #include "core/ui/PaginaDocumento.h"
 #include "editing/ui/GasGrid.h"
+#include "schema/ui/SchemaPagina.h"
 
 namespace fornax::ui {
 
@@ -21,6 +22,9 @@ FinestraDocumento::FinestraDocumento(Sessione& s, Messaggi& msg, QWidget* padre)
     SSTab1->addTab(griglia_, QStringLiteral("Tabella tronchi"));
     // The grid recalculates after each of its own commits; another page in view follows.
     connect(griglia_, &GasGrid::elaborato, this, [this] { AggiornaPaginaCorrente(); });
+    // Tab 1: the drawn schema, an editor of the network as well.
+    schema_ = new schema::ui::SchemaPagina(s, msg, SSTab1);
+    AggiungiPagina(schema_, QStringLiteral("Schema"));
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int) { Elaborazione(); });
 }
 

@@ -9,6 +9,13 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <QAction>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "app/FinestraDocumento.h"
+#include "app/frmMainForm.h"
 #include "core/Documento.h"
 #include "editing/Modifiche.h"
 #include "schema/Direzioni.h"
@@ -110,6 +117,7 @@ private slots:
     void clickSelezionaECancSelezionato();
     void regioniEsauriteUnaVoltaPerWalk();
     void zoomEBarre();
+    void comandiDellaFinestraPrincipale();
 };
 
 void TestSchema::leImmaginiCiSonoTutte() {
@@ -433,6 +441,55 @@ void TestSchema::zoomEBarre() {
     const QPointF o = p->ATwip(QPointF(0, 0));
     p->BarraOrizzontale()->setValue(100);
     QCOMPARE(p->ATwip(QPointF(0, 0)).x(), o.x() + 1000.0);
+}
+
+void TestSchema::comandiDellaFinestraPrincipale() {
+    amb = prova::NuovoAmbiente();
+    fornax::ui::frmMainForm f(amb->s, amb->msg);
+    f.resize(1200, 800);
+    f.show();
+    QVERIFY(f.ApriPercorso(QString::fromStdString(prova::AmbienteUi::Esempio("appartamento.RTG"))));
+    fornax::ui::FinestraDocumento* w = f.Finestra();
+    SchemaPagina* pagina = w->Schema();
+    QVERIFY(pagina != nullptr);
+    QCOMPARE(w->Schede()->indexOf(pagina), 1);
+    w->Schede()->setCurrentIndex(1);
+    QCOMPARE(pagina->Stato().Sezioni.size(), size_t(3));
+
+    auto azione = [&](const char* nome) {
+        QAction* a = f.findChild<QAction*>(QLatin1String(nome));
+        QVERIFY2(a != nullptr, nome);
+        a->trigger();
+    };
+    auto* scala = f.findChild<QLineEdit*>(QStringLiteral("txtScaleW"));
+    azione("Command6");
+    QCOMPARE(pagina->Stato().Zoom, int16_t(1));
+    QCOMPARE(scala->text(), QStringLiteral("111"));
+    azione("Command7");
+    azione("Command7");
+    QCOMPARE(pagina->Stato().Zoom, int16_t(-1));
+    QCOMPARE(scala->text(), QStringLiteral("90"));
+
+    // A section selected on the schema, deleted from the main frame through the dialog.
+    const SezioneDisegnata s3 = pagina->Stato().Sezioni.at(2);
+    QCOMPARE(s3.n, int16_t(3));
+    QTest::mouseClick(
+        pagina->Display(), Qt::LeftButton, Qt::NoModifier,
+        pagina
+            ->APixel(s3.x - PassoX(s3.direzione) * s3.lunghezza / 2.0, s3.y - PassoY(s3.direzione) * s3.lunghezza / 2.0)
+            .toPoint());
+    QCOMPARE(amb->s.TroncoSelezionato, 3);
+    prova::QuandoModale([](QWidget* d) { d->findChild<QPushButton*>(QStringLiteral("cmdElimina"))->click(); });
+    azione("SSCommandCancel");
+    QCOMPARE(amb->d.NumTronchi(), 2);
+    QCOMPARE(pagina->Stato().Sezioni.size(), size_t(2));
+    QCOMPARE(amb->s.TroncoSelezionato, 0);
+    // "Rigenera Schema" walks again: a stretched length set meanwhile shows.
+    const int32_t prima = pagina->Stato().Sezioni.at(0).lunghezza;
+    amb->d.T(1).ID_SCHEMA_LEN = prima + 777;
+    azione("SSCommandRefresh");
+    QCOMPARE(pagina->Stato().Sezioni.at(0).lunghezza, prima + 777);
+    amb->d.ReteModificata = FALSO;
 }
 
 QTEST_MAIN(TestSchema)
