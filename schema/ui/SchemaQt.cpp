@@ -108,9 +108,7 @@ SchemaQt::SchemaQt(QPainter& painter, double larghezza, double altezza, double s
       scala_(scala > 0 ? scala : 1.0),
       aspetto_(aspetto),
       raster_(Raster(painter.device())) {
-    font_ = QFont(QStringLiteral("Arial"));
-    font_.setPixelSize(140);
-    font_.setStyleStrategy(QFont::PreferOutline);
+    ImpostaFont("Arial", 7);
 }
 
 SchemaQt::~SchemaQt() = default;
@@ -142,31 +140,32 @@ double SchemaQt::SpessoreTratto() const { return std::max(1.0, 15.0 * scala_); }
 
 void SchemaQt::ImpostaFont(const std::string& nome, double dimensione) {
     font_ = QFont(DaUtf8(nome));
-    // A point is 20 twips; the font is measured at one unit per twip.
-    font_.setPixelSize(std::max(1, static_cast<int>(std::lround(dimensione * 20.0))));
+    // A point is 20 twips; the font is measured at one unit per twip, so that the metrics
+    // don't depend on the device.
+    const int twip = std::max(1, static_cast<int>(std::lround(dimensione * 20.0)));
+    font_.setPixelSize(twip);
     font_.setStyleStrategy(QFont::PreferOutline);
+    metriche_ = std::make_unique<QFontMetricsF>(font_);
+    ascent_ = metriche_->ascent();
+    // The glyphs are drawn at the device's size, given in points of the device's resolution.
+    fontDevice_ = font_;
+    const QPaintDevice* d = p_.device();
+    const int dpi = d != nullptr && d->logicalDpiY() > 0 ? d->logicalDpiY() : 96;
+    fontDevice_.setPointSizeF(std::max(0.1, twip * scala_ * 72.0 / dpi));
 }
 
-double SchemaQt::LarghezzaTesto(const std::string& testo) const {
-    return QFontMetricsF(font_).horizontalAdvance(DaUtf8(testo));
-}
+double SchemaQt::LarghezzaTesto(const std::string& testo) const { return metriche_->horizontalAdvance(DaUtf8(testo)); }
 
-double SchemaQt::AltezzaTesto(const std::string& /*testo*/) const { return QFontMetricsF(font_).height(); }
+double SchemaQt::AltezzaTesto(const std::string& /*testo*/) const { return metriche_->height(); }
 
 void SchemaQt::Testo(const std::string& testo, int32_t colore) {
     const QString t = DaUtf8(testo);
-    const QFontMetricsF fm(font_);
     if (!t.isEmpty()) {
-        p_.save();
-        p_.setRenderHint(QPainter::TextAntialiasing);
-        p_.translate(ADispositivo(x_, y_));
-        p_.scale(scala_, scala_);
-        p_.setFont(font_);
+        p_.setFont(fontDevice_);
         p_.setPen(Colore(colore));
-        p_.drawText(QPointF(0, fm.ascent()), t);
-        p_.restore();
+        p_.drawText(ADispositivo(x_, y_ + ascent_), t);
     }
-    x_ += fm.horizontalAdvance(t);
+    x_ += metriche_->horizontalAdvance(t);
 }
 
 void SchemaQt::Linea(double x1, double y1, double x2, double y2, int32_t colore) {

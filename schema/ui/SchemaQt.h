@@ -12,6 +12,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPixmap>
 #include <QPointF>
 #include <QString>
@@ -95,7 +96,10 @@ private:
     bool areaImpostata_ = false;
     double ax_ = 0, ay_ = 0, al_ = 0, aa_ = 0;
     double x_ = 0, y_ = 0;
-    QFont font_;
+    QFont font_;         // one unit per twip: the metrics
+    QFont fontDevice_;   // the same at the device's size: the glyphs
+    double ascent_ = 0;  // twips
+    std::unique_ptr<QFontMetricsF> metriche_;
 };
 
 // The SVG source of a picture of Immagini.h (and of the palette), empty for an unknown name.

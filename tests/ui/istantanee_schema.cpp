@@ -12,6 +12,7 @@
 #include <deque>
 
 #include "core/Documento.h"
+#include "core/Numeri.h"
 #include "editing/Modifiche.h"
 #include "schema/Direzioni.h"
 #include "schema/ui/SchemaPagina.h"
