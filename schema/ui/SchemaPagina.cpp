@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <cmath>
+#include <exception>
 
 #include "core/Servizi.h"
 #include "editing/Modifiche.h"
@@ -107,6 +108,17 @@ private:
 
 }  // namespace
 
+// The double click and the drop run under a trap: a failure is told, and the program goes on.
+template <class F>
+void SchemaPagina::Protetto(F&& f) {
+    try {
+        f();
+    } catch (const std::exception& e) {
+        msg_.Mostra(std::string("Numero di errore: \nDescrizione dell'errore: ") + e.what());
+        Ridisegna();
+    }
+}
+
 // picDisplay: shows the buffer and hands its events to the page.
 class AreaSchema final : public QWidget {
 public:
@@ -133,7 +145,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* e) override { p_.Rilasciato(e->position(), e->button()); }
     void mouseMoveEvent(QMouseEvent* e) override { p_.Mosso(e->position()); }
     void mouseDoubleClickEvent(QMouseEvent* e) override {
-        if (e->button() == Qt::LeftButton) p_.DoppioClick(e->position());
+        if (e->button() == Qt::LeftButton) p_.Protetto([&] { p_.DoppioClick(e->position()); });
     }
     void keyPressEvent(QKeyEvent* e) override {
         if (e->key() == Qt::Key_Delete) {
@@ -156,7 +168,7 @@ protected:
         const std::string tag = TagDa(e->mimeData());
         if (tag.empty()) return;
         e->acceptProposedAction();
-        p_.Rilascia(e->position(), tag);
+        p_.Protetto([&] { p_.Rilascia(e->position(), tag); });
     }
 
 private:

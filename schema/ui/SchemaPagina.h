@@ -87,6 +87,8 @@ private:
     friend class AreaSchema;
     template <class F>
     void SuBuffer(F&& f);
+    template <class F>
+    void Protetto(F&& f);
     void Ridisegna();
     void DopoWalk();
     void Adatta();
