@@ -8,6 +8,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <QSaveFile>
+#include <QStaticText>
 #include <QSvgGenerator>
 #include <QSvgRenderer>
 #include <algorithm>
@@ -69,6 +70,21 @@ const QImage* Raster(const QString& nome, const QColor& inchiostro, QSize dim) {
         r->render(&p, QRectF(0, 0, dim.width(), dim.height()));
     }
     return &cache.insert(chiave, img).value();
+}
+
+// Laid-out texts by font and text: a repaint of the same schema shapes no glyph again. Used
+// from the GUI thread only.
+const QStaticText& TestoStatico(const QFont& font, const QString& testo) {
+    static QHash<QString, QStaticText> cache;
+    const QString chiave = font.key() + QLatin1Char('|') + testo;
+    auto it = cache.find(chiave);
+    if (it != cache.end()) return it.value();
+    if (cache.size() > 20000) cache.clear();
+    QStaticText t(testo);
+    t.setTextFormat(Qt::PlainText);
+    t.setPerformanceHint(QStaticText::AggressiveCaching);
+    t.prepare(QTransform(), font);
+    return cache.insert(chiave, t).value();
 }
 
 bool Raster(const QPaintDevice* d) {
@@ -163,7 +179,10 @@ void SchemaQt::Testo(const std::string& testo, int32_t colore) {
     if (!t.isEmpty()) {
         p_.setFont(fontDevice_);
         p_.setPen(Colore(colore));
-        p_.drawText(ADispositivo(x_, y_ + ascent_), t);
+        if (raster_)
+            p_.drawStaticText(ADispositivo(x_, y_), TestoStatico(fontDevice_, t));
+        else
+            p_.drawText(ADispositivo(x_, y_ + ascent_), t);
     }
     x_ += metriche_->horizontalAdvance(t);
 }
