@@ -13,6 +13,10 @@ class Messaggi;
 struct Sessione;
 }  // namespace fornax
 
+namespace fornax::schema::ui {
+class SchemaPagina;
+}
+
 namespace fornax::ui {
 
 class GasGrid;
@@ -31,6 +35,7 @@ public:
     void AggiungiPagina(PaginaDocumento* pagina, const QString& titolo);
 
     GasGrid* Griglia() const { return griglia_; }
+    schema::ui::SchemaPagina* Schema() const { return schema_; }
     QTabWidget* Schede() const { return SSTab1; }
     PaginaDocumento* PaginaCorrente() const;
 
@@ -38,6 +43,7 @@ private:
     void AggiornaPaginaCorrente();
 
     GasGrid* griglia_ = nullptr;
+    schema::ui::SchemaPagina* schema_ = nullptr;
     QTabWidget* SSTab1 = nullptr;
 };
 

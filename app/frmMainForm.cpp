@@ -39,6 +39,7 @@
 #include "reports/ui/frmManuale.h"
 #include "reports/ui/frmSelectPrinter.h"
 #include "reports/ui/frmStampa.h"
+#include "schema/ui/SchemaPagina.h"
 
 namespace fornax::ui {
 
@@ -172,6 +173,12 @@ void frmMainForm::CreaComandi() {
     actZoomPiu->setObjectName(QStringLiteral("Command6"));
     actZoomMeno = azione(QStringLiteral("Zoom -"), &meno, QStringLiteral("Zoom -"), &frmMainForm::ZoomMeno);
     actZoomMeno->setObjectName(QStringLiteral("Command7"));
+    actRigeneraSchema = azione(QStringLiteral("Rigenera Schema"), nullptr, QStringLiteral("Rigenera Schema"),
+                               &frmMainForm::SSCommandRefresh);
+    actRigeneraSchema->setObjectName(QStringLiteral("SSCommandRefresh"));
+    actCancellaTronco = azione(QStringLiteral("Cancella tronco selezionato"), nullptr,
+                               QStringLiteral("Cancella tronco selezionato"), &frmMainForm::SSCommandCancel);
+    actCancellaTronco->setObjectName(QStringLiteral("SSCommandCancel"));
 
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
     file->addAction(actNuovo);
@@ -223,6 +230,9 @@ void frmMainForm::CreaComandi() {
     calcolo->addSeparator();
     calcolo->addAction(actZoomPiu);
     calcolo->addAction(actZoomMeno);
+    calcolo->addSeparator();
+    calcolo->addAction(actRigeneraSchema);
+    calcolo->addAction(actCancellaTronco);
 
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     aiuto->addAction(actManuale);
@@ -255,6 +265,8 @@ void frmMainForm::CreaComandi() {
     txtScaleW->setToolTip(QStringLiteral("Scala dello schema (%)"));
     barra->addWidget(txtScaleW);
     barra->addAction(actZoomPiu);
+    barra->addAction(actRigeneraSchema);
+    barra->addAction(actCancellaTronco);
     barra->addSeparator();
     auto* etichettaGas = new QLabel(QStringLiteral(" Tipo di Ga&s: "), barra);
     barra->addWidget(etichettaGas);
@@ -301,7 +313,7 @@ void frmMainForm::AggiornaMRU() {
 void frmMainForm::AggiornaComandi() {
     const bool aperto = doc_ != nullptr;
     for (QAction* act : {actSalva, actSalvaCome, actParametri, actCalcola, actDiametri, actZoomPiu, actZoomMeno,
-                         actStampa, actParametriTronco})
+                         actStampa, actParametriTronco, actRigeneraSchema, actCancellaTronco})
         act->setEnabled(aperto);
     ComboGas->setEnabled(aperto);
     actAutomatico->setChecked(s_.RicalcoloAutomatico != FALSO);
@@ -353,6 +365,8 @@ void frmMainForm::CreaDocumento() {
     centro_->setCurrentWidget(finestra_);
     connect(g, &GasGrid::elaborato, this, [this] { AggiornaComandi(); });
     connect(g, &GasGrid::zoomCambiato, this, [this](int, const QString& scala) { txtScaleW->setText(scala); });
+    connect(finestra_->Schema(), &schema::ui::SchemaPagina::zoomCambiato, this,
+            [this](int, const QString& scala) { txtScaleW->setText(scala); });
     {
         Attesa attesa;
         g->NewRete();
@@ -655,12 +669,29 @@ void frmMainForm::ZoomPiu() {
     // The button adds one up to 7; the level in force is held to the schema's range.
     ImpostaZoom(s_, std::min(s_.Zoom + 1, 7));
     doc_->Rescale();
+    finestra_->Schema()->Rescale();
 }
 
 void frmMainForm::ZoomMeno() {
     if (!doc_) return;
     ImpostaZoom(s_, s_.Zoom - 1);
     doc_->Rescale();
+    finestra_->Schema()->Rescale();
+}
+
+// ---- The schema ----
+
+void frmMainForm::SSCommandRefresh() {
+    if (!doc_) return;
+    finestra_->TerminaModifica();
+    finestra_->Schema()->Aggiorna();
+}
+
+void frmMainForm::SSCommandCancel() {
+    if (!doc_) return;
+    finestra_->TerminaModifica();
+    finestra_->Schema()->CancellaSelezionato();
+    AggiornaComandi();
 }
 
 }  // namespace fornax::ui

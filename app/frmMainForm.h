@@ -52,6 +52,9 @@ public:
     void cmdDiamLocked();
     void ZoomPiu();
     void ZoomMeno();
+    // The schema's commands: "Rigenera Schema" and "Cancella tronco selezionato".
+    void SSCommandRefresh();
+    void SSCommandCancel();
     // Printing: the print dialog, the printer and paper, the text manual.
     void StampaMnu();
     void mnuImpostaStampante();
@@ -137,6 +140,8 @@ private:
     QAction* actDiametri = nullptr;
     QAction* actZoomPiu = nullptr;
     QAction* actZoomMeno = nullptr;
+    QAction* actRigeneraSchema = nullptr;
+    QAction* actCancellaTronco = nullptr;
     QAction* actStampa = nullptr;
     QAction* actImpostaStampante = nullptr;
     QAction* actManualeTesto = nullptr;

@@ -159,6 +159,49 @@ bool AdottaSpeciali(Documento& d, const std::array<TipoSpeciale, 11>& tabella) {
 
 void AdottaPdc(Documento& d, const TabellaPdc& tabella) { d.Pdc = tabella; }
 
+// ---- The schema ----
+
+int16_t AggiungiTroncoDaSchema(Documento& d, const Archivi& a, const schema::AzioneDrop& drop, Messaggi& msg) {
+    const int16_t n = schema::AggiungiTroncoDaDrop(d, drop, a.NomiMateriali(), a.Default.DefaultMateriale, msg);
+    if (n > 0) d.ReteModificata = VERO;
+    return n;
+}
+
+void ImpostaUtenzaDaSchema(Documento& d, const schema::AzioneDrop& drop) {
+    if (drop.tipo != schema::AzioneDrop::Tipo::Utenza) return;
+    schema::ImpostaTipoUtenzaDrop(d, drop);
+    d.ReteModificata = VERO;
+}
+
+void ConfermaUtenzaDrop(Documento& d, int16_t tronco, float portata, int16_t tipologia,
+                        const std::string& composizione) {
+    schema::ApplicaUtenzaDrop(d, tronco, portata, tipologia, composizione);
+    d.ReteModificata = VERO;
+}
+
+void ConfermaUtenzaSchema(Documento& d, int16_t tronco, float portata, int16_t tipologia,
+                          const std::optional<std::string>& composizione) {
+    schema::ApplicaUtenzaDoppioClick(d, tronco, portata, tipologia, composizione);
+    d.ReteModificata = VERO;
+}
+
+bool AllungaTronco(Documento& d, const schema::StatoSchema& s, int16_t tronco, double x, double y,
+                   const std::string& tag) {
+    if (!schema::ApplicaLunghezza(d, s, tronco, x, y, tag)) return false;
+    d.ReteModificata = VERO;
+    return true;
+}
+
+void RuotaSorgente(Documento& d) {
+    schema::RuotaSorgente(d);
+    d.ReteModificata = VERO;
+}
+
+bool CancellaTroncoSchema(Documento& d, int tronco, int tipo, Messaggi& msg, const Rinfresco& r) {
+    if (tronco < 1 || tronco > d.NumTronchi()) return false;
+    return modifica::CancellaSezione(d, tronco, tipo, msg, r);
+}
+
 }  // namespace fornax::modifica
 
 // ---- The section panel and the consumers ----

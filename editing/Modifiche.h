@@ -21,6 +21,7 @@
 #include "editing/ModificheTenuta.h"
 #include "editing/ParametriTronco.h"
 #include "editing/RegoleGriglia.h"
+#include "schema/Modifica.h"
 
 namespace fornax {
 
@@ -80,6 +81,32 @@ void ApplicaUtenza(Documento& d, int tronco, const EsitoUtenza& e);
 bool CancellaSezione(Documento& d, int tronco, int tipo, Messaggi& msg, const Rinfresco& r);
 // The rows da..a_ marked through the row headers.
 void CancellaRighe(Documento& d, int da, int a_, int tipo, const Rinfresco& r);
+
+// ---- The schema ----
+
+// A palette element dropped on a free end that CercaDrop found (schema/Modifica.h). A section
+// comes under the entry's section with its turn code, its material the default one; the index
+// is returned, 0 when the parent already has two derivations (the product's message shown).
+// A consumer sets the kind of the free section before its dialog opens; the kind stays when
+// the dialog is cancelled. Either marks the project modified when it changed something.
+int16_t AggiungiTroncoDaSchema(Documento& d, const Archivi& a, const schema::AzioneDrop& drop, Messaggi& msg);
+void ImpostaUtenzaDaSchema(Documento& d, const schema::AzioneDrop& drop);
+// The consumer dialog confirmed after a drop, or after a double click on a consumer (there
+// without a composition from frmPortata, and the imposed drop back to automatic in an internal
+// installation). Marks the project modified.
+void ConfermaUtenzaDrop(Documento& d, int16_t tronco, float portata, int16_t tipologia,
+                        const std::string& composizione);
+void ConfermaUtenzaSchema(Documento& d, int16_t tronco, float portata, int16_t tipologia,
+                          const std::optional<std::string>& composizione);
+// A section stretched by its handle, released at (x, y) of the last walk: its drawn length.
+// False, and nothing changed, when the position doesn't lengthen it the way the handle runs.
+bool AllungaTronco(Documento& d, const schema::StatoSchema& s, int16_t tronco, double x, double y,
+                   const std::string& tag);
+// A double click on the source: a quarter turn. Marks the project modified.
+void RuotaSorgente(Documento& d);
+// The Delete key on the schema: the selected section, the way the user chose in frmDelete
+// (the grid's rules, CancellaSezione).
+bool CancellaTroncoSchema(Documento& d, int tronco, int tipo, Messaggi& msg, const Rinfresco& r);
 
 // ---- Diameters ----
 

@@ -7,8 +7,8 @@
 #include <QTableView>
 #include <QTimer>
 
-#include "app/frmAttivita.h"
 #include "app/FinestraDocumento.h"
+#include "app/frmAttivita.h"
 #include "app/frmMainForm.h"
 #include "app/frmSplash.h"
 #include "archives/ui/Parametri.h"

@@ -127,9 +127,8 @@ void TestSessione::salvaERiapri() {
     QVERIFY(f->ProgettoAperto());
     QCOMPARE(amb->d.T(2).ID_LEN, 7.0f);
     QCOMPARE(amb->d.T(3).ID_LEN, 2.5f);
-    QCOMPARE(
-        f->Griglia()->Modello()->cella(3, f->Griglia()->Modello()->ColonnaDi(Id::ID_LEN)).testo,
-        QStringLiteral("2.50"));
+    QCOMPARE(f->Griglia()->Modello()->cella(3, f->Griglia()->Modello()->ColonnaDi(Id::ID_LEN)).testo,
+             QStringLiteral("2.50"));
     // A cancelled dialog leaves everything as it stands.
     f->DialogoApri = [] { return QString(); };
     Azione("ApriMnu")->trigger();
