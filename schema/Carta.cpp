@@ -57,6 +57,38 @@ private:
     std::vector<CampiDisegno> campi_;
 };
 
+// The surface moved by (dx, dy): a drawing fitted to the page is centred on it.
+class TargetSpostato final : public SchemaTarget {
+public:
+    TargetSpostato(SchemaTarget& t, double dx, double dy) : t_(t), dx_(dx), dy_(dy) {}
+    double Larghezza() const override { return t_.Larghezza(); }
+    double Altezza() const override { return t_.Altezza(); }
+    void ImpostaPenna(double x, double y) override { t_.ImpostaPenna(x + dx_, y + dy_); }
+    double PennaX() const override { return t_.PennaX() - dx_; }
+    double PennaY() const override { return t_.PennaY() - dy_; }
+    void ImpostaFont(const std::string& nome, double dimensione) override { t_.ImpostaFont(nome, dimensione); }
+    double LarghezzaTesto(const std::string& testo) const override { return t_.LarghezzaTesto(testo); }
+    double AltezzaTesto(const std::string& testo) const override { return t_.AltezzaTesto(testo); }
+    void Testo(const std::string& testo, int32_t colore) override { t_.Testo(testo, colore); }
+    void Linea(double x1, double y1, double x2, double y2, int32_t colore) override {
+        t_.Linea(x1 + dx_, y1 + dy_, x2 + dx_, y2 + dy_, colore);
+    }
+    void Rettangolo(double x, double y, double larghezza, double altezza, int32_t colore) override {
+        t_.Rettangolo(x + dx_, y + dy_, larghezza, altezza, colore);
+    }
+    void Cerchio(double x, double y, double raggio, int32_t colore, bool pieno) override {
+        t_.Cerchio(x + dx_, y + dy_, raggio, colore, pieno);
+    }
+    void Immagine(const std::string& nome, double x, double y, double larghezza, double altezza) override {
+        t_.Immagine(nome, x + dx_, y + dy_, larghezza, altezza);
+    }
+    void Pulisci() override { t_.Pulisci(); }
+
+private:
+    SchemaTarget& t_;
+    double dx_, dy_;
+};
+
 ChiamataSchema Chiamata(const OpzioniCarta& o) {
     ChiamataSchema c;
     c.superficie = o.superficie;
@@ -122,6 +154,7 @@ EsitoCarta DisegnaSuCarta(StatoSchema& s, Documento& d, const Archivi& a, Schema
     EsitoCarta e;
     s.SchemaInScala = FALSO;
     s.SchemaScala = 1.0;
+    double dx = 0, dy = 0;
     if (o.adatta) {
         // The box of the far ends at the drawing's own size gives the page's ratio.
         TargetRegistrato prova(t.Larghezza(), t.Altezza());
@@ -129,34 +162,55 @@ EsitoCarta DisegnaSuCarta(StatoSchema& s, Documento& d, const Archivi& a, Schema
         const double largh = s.SchemaXMax - s.SchemaXMin, alt = s.SchemaYMax - s.SchemaYMin;
         e.scala = ScalaPagina(largh, alt, t.Larghezza(), t.Altezza());
         // That ratio stretches the sections only; the symbols, the labels and the origin do not
-        // follow it. The scale then goes down until the whole drawing stays on the page. A
-        // drawing to scale starts from the left edge of the previous walk, so each trial is
-        // drawn until it lands where the one before it did.
+        // follow it. The scale then goes down until everything drawn has room inside the
+        // margins, and the drawing is centred there. A drawing to scale starts from the left
+        // edge of the previous walk, so each trial is drawn until it lands where the one before
+        // it did.
         s.SchemaInScala = VERO;
+        const double xMin = o.margine, yMin = o.margine;
+        const double larghezzaUtile = t.Larghezza() - 2 * o.margine, altezzaUtile = t.Altezza() - o.margine - o.piede;
         float fattore = std::min(FattoreDellaScala(e.scala), 4.0f);
-        const double xMax = t.Larghezza() - o.margine, yMax = t.Altezza() - o.piede;
+        Riquadro r;
         for (int giro = 0; giro < 60; ++giro) {
             s.SchemaScala = ScalaPerFattore(fattore);
             const int32_t xPrima = s.SchemaXMin;
             prova.Svuota();
             DisegnaSchema(s, d, a, prova, chiamata);
             if (s.SchemaXMin != xPrima) continue;  // not settled yet
-            const Riquadro r = Ingombro(prova);
-            const bool entra =
-                r.vuoto || (r.xMin >= o.margine && r.yMin >= o.margine && r.xMax <= xMax && r.yMax <= yMax);
+            r = Ingombro(prova);
+            const bool entra = r.vuoto || (r.Larghezza() <= larghezzaUtile && r.Altezza() <= altezzaUtile);
             if (entra || fattore <= kFattoreMinimo) break;
             // Straight to the tenth that would fit if everything followed the scale, at least
             // one tenth down.
-            const double quota = std::min((xMax - o.margine) / std::max(1.0, r.Larghezza()),
-                                          (yMax - o.margine) / std::max(1.0, r.Altezza()));
+            const double quota =
+                std::min(larghezzaUtile / std::max(1.0, r.Larghezza()), altezzaUtile / std::max(1.0, r.Altezza()));
             const auto stima = static_cast<float>(std::floor(static_cast<double>(fattore) * quota * 10.0) / 10.0);
             fattore = std::max(kFattoreMinimo, std::min(stima, fattore - 0.1f));
             fattore = static_cast<float>(std::nearbyint(static_cast<double>(fattore) * 10.0) / 10.0);
         }
+        if (!r.vuoto) {
+            dx = xMin + (larghezzaUtile - r.Larghezza()) / 2 - r.xMin;
+            dy = yMin + (altezzaUtile - r.Altezza()) / 2 - r.yMin;
+        }
         e.scala = s.SchemaScala;
         e.inScala = true;
+    } else {
+        // At its own size the walk puts the source two base units above the paper's lower
+        // edge, where a printer does not print and the consumers below it are cut off: the
+        // drawing is moved, not scaled, to stay inside the margins where it has room.
+        TargetRegistrato prova(t.Larghezza(), t.Altezza());
+        DisegnaSchema(s, d, a, prova, chiamata);
+        const Riquadro r = Ingombro(prova);
+        if (!r.vuoto) {
+            const double xMax = t.Larghezza() - o.margine, yMax = t.Altezza() - o.margine;
+            if (r.xMax > xMax) dx = xMax - r.xMax;
+            if (r.xMin + dx < o.margine) dx = o.margine - r.xMin;
+            if (r.yMax > yMax) dy = yMax - r.yMax;
+            if (r.yMin + dy < o.margine) dy = o.margine - r.yMin;
+        }
     }
-    DisegnaSchema(s, d, a, t, chiamata);
+    TargetSpostato spostato(t, dx, dy);
+    DisegnaSchema(s, d, a, spostato, chiamata);
     e.fattore = s.SchemaFattore;
     return e;
 }

@@ -47,7 +47,8 @@ double ScalaPagina(double larghezzaDisegno, double altezzaDisegno, double larghe
 
 // One drawing of the schema on `t` for paper. With `adatta` the ratio of the page to the box of
 // the far ends sets the scale, then the scale goes down by tenths until everything drawn
-// (labels and consumers too) stays inside the margins; without, the drawing is at its own size.
+// (labels and consumers too) has room inside the margins, and the drawing is centred there;
+// without, the drawing keeps its own size and is moved inside the margins where it has room.
 EsitoCarta DisegnaSuCarta(StatoSchema& s, Documento& d, const Archivi& a, SchemaTarget& t, const OpzioniCarta& o);
 
 }  // namespace fornax::schema

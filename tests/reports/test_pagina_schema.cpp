@@ -12,6 +12,7 @@
 
 #include "core/Cartelle.h"
 #include "reports/DispositivoRegistrato.h"
+#include "reports/Relazione.h"
 #include "reports/Stampante.h"
 #include "schema/Carta.h"
 #include "tests/reports/ProvaRelazione.h"
@@ -78,6 +79,13 @@ TEST_F(PaginaSchemaProva, SoloLoSchemaUnaPaginaOrizzontaleNeraSuBianco) {
         EXPECT_EQ(didascalia->y1, 100);
         EXPECT_EQ(didascalia->font.dimensione, 11);
         EXPECT_NE(didascalia->testo.find(" - Rete: " + std::string(file)), std::string::npos);
+        // At its own size the drawing is moved, not scaled, above the paper's lower margin.
+        const schema::Riquadro r = schema::Ingombro(t);
+        EXPECT_GE(r.xMin, 500);
+        if (r.Altezza() <= 11906 - 1000)
+            EXPECT_LE(r.yMax, 11906 - 500);
+        else
+            EXPECT_NEAR(r.yMin, 500, 1e-6);  // too tall: it begins at the top margin
     }
 }
 
@@ -101,7 +109,8 @@ TEST_F(PaginaSchemaProva, AdattaAllaPagina) {
         const Op* didascalia = dev.Trova(DidascaliaSchema(p.d));
         ASSERT_NE(didascalia, nullptr);
         EXPECT_EQ(didascalia->y1, g.AltezzaStampa - 1500);
-        EXPECT_NEAR(didascalia->x1 + dev.LarghezzaTesto(didascalia->testo), g.LarghezzaStampa - 1700, 1e-6);
+        const double larghezza = NumeroCaratteri(didascalia->testo) * 11 * 20 * 0.55;  // Arial 11 on this device
+        EXPECT_NEAR(didascalia->x1 + larghezza, g.LarghezzaStampa - 1700, 1e-6);
 
         // The same drawing alone: to scale, at a factor of tenths; without the fit at 1.
         MessaggiRegistrati m;
