@@ -149,6 +149,31 @@ private slots:
         QCOMPARE(f.Risultato, std::string("cancel"));
     }
 
+    // The schema alone to the printer (a PDF file on a machine without printers), after its
+    // question.
+    void StampaDelloSchema() {
+        auto e = prova::NuovoAmbiente();
+        QVERIFY(Apri(*e, "bifamiliare-gpl.RTG"));
+        if (!StampantiInstallate().isEmpty()) QSKIP("questa macchina ha una stampante");
+        const std::string pdf = e->cartella.Percorso("schema.pdf");
+        int chiesti = 0;
+        auto chiedi = [&] {
+            ++chiesti;
+            return pdf;
+        };
+        e->msg.risposte = {Risposta::NO};
+        QVERIFY(!PrintSchema(e->d, e->a, e->imp, e->msg, chiedi));
+        QCOMPARE(e->msg.mostrati.back().testo, std::string("Confermi la stampa dello schema grafico?"));
+        QCOMPARE(e->msg.mostrati.back().flags, Box::YESNO | Box::QUESTION);
+        QCOMPARE(chiesti, 0);
+        e->msg.risposte = {Risposta::YES};
+        QVERIFY(PrintSchema(e->d, e->a, e->imp, e->msg, chiedi));
+        QCOMPARE(chiesti, 1);
+        const std::string byte = prova::CartellaProva::LeggiFile(pdf);
+        QVERIFY(byte.rfind("%PDF-", 0) == 0);
+        QVERIFY(byte.find("/MediaBox [0 0 842.000000 595.000000]") != std::string::npos);  // landscape A4
+    }
+
     // "Stampa avanzata": the fit cleared, one question, one copy; the schema goes to paper only
     // when its preview says "print", with the font chosen there.
     void StampaAvanzata() {
