@@ -15,6 +15,7 @@
 #include "reports/Stampante.h"
 #ifdef FORNAX_PDF
 #include "reports/ui/RelazionePdf.h"
+#include "reports/ui/SchemaSuCarta.h"
 #endif
 
 namespace fornax::cli {
@@ -28,6 +29,7 @@ struct OpzioniReport {
     std::string data;
     std::string percentoX, percentoY;  // the printable area of the PDF
     bool sovrascrivi = false;
+    bool adattaSchema = false;       // "Adatta lo schema alla pagina"
     std::vector<std::string> resto;  // the project and the loading options
 };
 
@@ -76,6 +78,8 @@ bool Leggi(const std::vector<std::string>& argomenti, OpzioniReport& o) {
             if (!valore(o.percentoY)) return false;
         } else if (x == "--sovrascrivi") {
             o.sovrascrivi = true;
+        } else if (x == "--adatta-schema") {
+            o.adattaSchema = true;
         } else if (x == "--sostituisci") {
             o.resto.push_back(x);
             if (i + 1 < argomenti.size()) o.resto.push_back(argomenti[++i]);
@@ -99,10 +103,8 @@ bool Leggi(const std::vector<std::string>& argomenti, OpzioniReport& o) {
         return Errore("--sezioni richiede otto lettere A (sezione stampata) o B (non stampata), ad esempio AABAAAAA");
     if (!o.data.empty() && !DataValida(o.data)) return Errore("--data-stampa richiede una data gg/mm/aaaa");
     const ReportSelection s = ReportSelection::DaLettere(o.sezioni);
-    if (s.DiagrammaRete)
-        return Errore(
-            "lo schema grafico della rete (terza lettera di --sezioni) non e' ancora disponibile nelle relazioni "
-            "su file: usare B in terza posizione");
+    if (o.adattaSchema && (o.formato != "pdf" || !s.DiagrammaRete))
+        return Errore("--adatta-schema vale solo con --format pdf e lo schema tra le sezioni (A in terza posizione)");
     if (!s.Qualcuna()) {
         std::cerr << "Nessuna opzione selezionata.Selezionarne almeno una.\n";
         return false;
@@ -126,6 +128,8 @@ int ReportPdf(ProgettoCli& p, const OpzioniStampa& o, const OpzioniReport& r, co
     os.stampa = o;
     os.proporzioni.PercentoX = Percento(imp, "X-percent", r.percentoX);
     os.proporzioni.PercentoY = Percento(imp, "Y-percent", r.percentoY);
+    os.adattaSchema = r.adattaSchema;
+    os.schema = PaginaSchema(p.d, p.a, p.msg);
     if (o.logo) os.fileLogo = TrovaFile(p.a.Cartella, "logo.bmp");
     const EsitoStampante esito = StampaPdf(p.d, p.a, os, r.uscita, av, p.msg);
     if (!esito.riuscita) return ESITO_PROGETTO;  // the message has been shown
@@ -144,6 +148,12 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     if (r.formato == "pdf") {
         std::cerr << "fornax-cli report: la stampa in PDF non e' disponibile in questa versione del programma "
                      "(costruita senza Qt)\n";
+        return ESITO_USO;
+    }
+    // The schema's picture is drawn by Qt.
+    if (ReportSelection::DaLettere(r.sezioni).DiagrammaRete) {
+        std::cerr << "fornax-cli report: lo schema grafico della rete non e' disponibile in questa versione del "
+                     "programma (costruita senza Qt): usare B in terza posizione di --sezioni\n";
         return ESITO_USO;
     }
 #endif
@@ -172,7 +182,12 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
     AvanzamentoNullo av;
     if (r.formato == "pdf") return ReportPdf(p, o, r, p.imp, av);
     const bool html = r.formato == "html";
-    const EsitoStampa esito = RelazioneSuFile(p.s, html, o, r.uscita, av, p.msg);
+    SalvaSchema schema;
+#ifdef FORNAX_PDF
+    // The picture beside the report, named after the reference.
+    if (o.selezione.DiagrammaRete) schema = SalvaSchemaBmp(p.d, p.a, p.msg);
+#endif
+    const EsitoStampa esito = RelazioneSuFile(p.s, html, o, r.uscita, av, p.msg, schema);
     if (!esito.riuscita) {
         std::cerr << TestoErroreStampa(html ? "Stampa su file HTML." : "Stampa su file TXT.", esito) << "\n";
         return ESITO_PROGETTO;
@@ -185,13 +200,15 @@ int Report(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
 const bool registrato = RegistraComando(
     {"report",
      std::string("report PROGETTO.RTG --format html|txt|pdf --out FILE [--sezioni LETTERE] [--data-stampa gg/mm/aaaa] "
-                 "[--percento-x N] [--percento-y N] [--sovrascrivi] ") +
+                 "[--percento-x N] [--percento-y N] [--adatta-schema] [--sovrascrivi] ") +
          USO_SOSTITUISCI,
      "scrive la relazione di calcolo (dopo aver ricalcolato la rete). LETTERE: otto lettere A/B per copertina, "
      "tronchi, schema, perdite localizzate, percorso sfavorito, utenze, computo, tenuta; predefinito AABAAAAA. "
      "Il PDF e' la relazione della stampante, su A4 verticale; --percento-x e --percento-y (80-120) ne "
      "riducono o allargano l'area stampabile (predefinite: le impostazioni della finestra Pagina). "
-     "Lo schema grafico non e' ancora disponibile (A in terza posizione: esito 2). Un file esistente si "
+     "Lo schema grafico (A in terza posizione) e' un'immagine .bmp accanto alla relazione HTML o TXT, che "
+     "prende il nome dal riferimento, e una pagina orizzontale in fondo al PDF; --adatta-schema lo adatta alla "
+     "pagina del PDF. Senza Qt lo schema non e' disponibile (esito 2). Un file esistente si "
      "sostituisce solo con --sovrascrivi. La data predefinita e' oggi; la ditta si imposta con il comando ditta",
      Report});
 

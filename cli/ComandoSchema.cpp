@@ -13,15 +13,21 @@
 #include "schema/Schema.h"
 #include "schema/SchemaJson.h"
 #include "schema/TargetRegistrato.h"
+#ifdef FORNAX_PDF
+#include "reports/ui/SchemaSuCarta.h"
+#endif
 
 namespace fornax::cli {
 
 namespace {
 
-constexpr const char* kUso = "schema PROGETTO.RTG [--json USCITA.json] [--area LxA] [--schermo LxA] [--zoom N]";
+constexpr const char* kUso =
+    "schema PROGETTO.RTG [--json USCITA.json] [--png FILE.png] [--svg FILE.svg] [--area LxA] [--schermo LxA] "
+    "[--zoom N]";
 
 struct OpzioniSchema {
     std::string json;
+    std::string png, svg;                      // the picture as the schema tab shows it, on white
     double larghezza = 19200, altezza = 9000;  // picDisplay, twips
     double schermoL = schema::LARGHEZZA_SCHERMO, schermoA = schema::ALTEZZA_SCHERMO;
     int zoom = 0;
@@ -55,6 +61,15 @@ bool LeggiOpzioni(const std::vector<std::string>& resto, OpzioniSchema& o) {
         const std::string& v = resto[++i];
         if (x == "--json") {
             o.json = v;
+        } else if (x == "--png" || x == "--svg") {
+            const std::string est = v.size() >= 4 ? v.substr(v.size() - 4) : "";
+            const bool png = x == "--png";
+            if (est != (png ? ".png" : ".svg") && est != (png ? ".PNG" : ".SVG")) {
+                std::cerr << "fornax-cli schema: " << x << " richiede un file con estensione "
+                          << (png ? ".png" : ".svg") << "\n";
+                return false;
+            }
+            (png ? o.png : o.svg) = v;
         } else if (x == "--area") {
             if (!Dimensioni(v, o.larghezza, o.altezza)) {
                 std::cerr << "fornax-cli schema: --area richiede LARGHEZZAxALTEZZA in twip (es. 19200x9000)\n";
@@ -88,6 +103,13 @@ int Schema(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
         return false;
     });
     if (!e.p) return e.esito;
+#ifndef FORNAX_PDF
+    if (!o.png.empty() || !o.svg.empty()) {
+        std::cerr << "fornax-cli schema: le immagini PNG e SVG dello schema non sono disponibili in questa versione "
+                     "del programma (costruita senza Qt)\n";
+        return ESITO_USO;
+    }
+#endif
     ProgettoCli& p = *e.p;
     // The walk reads what the calculation marks as reached; the project as stored, calculated once.
     CalcolaRete(p.d, p.a, p.msg);
@@ -118,14 +140,30 @@ int Schema(ContestoCli& ctx, const std::vector<std::string>& argomenti) {
             return ESITO_PROGETTO;
         }
     }
+#ifdef FORNAX_PDF
+    VistaSchemaFile vista;
+    vista.larghezza = o.larghezza;
+    vista.altezza = o.altezza;
+    vista.schermoL = o.schermoL;
+    vista.schermoA = o.schermoA;
+    vista.zoom = o.zoom;
+    for (const std::string* f : {&o.png, &o.svg}) {
+        if (f->empty()) continue;
+        if (!SalvaVistaSchema(p.d, p.a, p.msg, vista, *f)) {
+            std::cerr << "fornax-cli schema: impossibile scrivere '" << *f << "'\n";
+            return ESITO_PROGETTO;
+        }
+    }
+#endif
     return ESITO_OK;
 }
 
-const bool registratoSchema =
-    RegistraComando({"schema", std::string(kUso) + " " + USO_SOSTITUISCI,
-                     "dispone lo schema della rete come la scheda Schema (area e schermo in twip, zoom da -12 a 5); "
-                     "con --json ne scrive i parametri, i tronchi disegnati e gli estremi liberi",
-                     Schema});
+const bool registratoSchema = RegistraComando(
+    {"schema", std::string(kUso) + " " + USO_SOSTITUISCI,
+     "dispone lo schema della rete come la scheda Schema (area e schermo in twip, zoom da -12 a 5); "
+     "con --json ne scrive i parametri, i tronchi disegnati e gli estremi liberi; con --png e --svg l'immagine "
+     "come la mostra la scheda, su fondo bianco (solo nella versione con Qt)",
+     Schema});
 
 }  // namespace
 

@@ -54,6 +54,17 @@ void DispositivoRegistrato::Linea(double x1, double y1, double x2, double y2) {
     Registra(std::move(op));
 }
 
+schema::SchemaTarget& DispositivoRegistrato::SuperficieSchema() {
+    Operazione op;
+    op.tipo = Operazione::Tipo::Schema;
+    op.x1 = static_cast<double>(schemi.size());
+    op.x2 = Larghezza();
+    op.y2 = Altezza();
+    Registra(std::move(op));
+    schemi.push_back(std::make_unique<schema::TargetRegistrato>(Larghezza(), Altezza()));
+    return *schemi.back();
+}
+
 void DispositivoRegistrato::Immagine(double x, double y, double larghezza, double altezza, const std::string& file) {
     Operazione op;
     op.tipo = Operazione::Tipo::Immagine;

@@ -4,18 +4,20 @@
 // Its text is measured by a fixed rule: every character is 0.55 of the font size wide and a
 // line is 1.15 of it high (Arial's proportions).
 
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "reports/Stampante.h"
+#include "schema/TargetRegistrato.h"
 
 namespace fornax {
 
 class DispositivoRegistrato final : public DispositivoStampa {
 public:
     struct Operazione {
-        enum class Tipo { Testo, Linea, Immagine } tipo = Tipo::Testo;
+        enum class Tipo { Testo, Linea, Immagine, Schema } tipo = Tipo::Testo;
         int pagina = 1;  // 1-based, in the document in progress
         int documento = 1;
         double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
@@ -37,6 +39,8 @@ public:
     void NuovaPagina() override;
     void FineDocumento() override;
     bool ImpostaOrientamento(int orientamento) override;
+    // A recording surface of the paper's size; an operation of type Schema marks its page.
+    schema::SchemaTarget& SuperficieSchema() override;
 
     // What the device offers and how it fails.
     std::set<std::string> fontDisponibili = {"Arial"};
@@ -44,6 +48,9 @@ public:
     int guastoDopo = -1;  // the operation (0-based) at which the device fails; -1 never
 
     std::vector<Operazione> operazioni;
+    // The schema's surfaces handed out, in order; the operation of type Schema of each holds
+    // its index in `x1`.
+    std::vector<std::unique_ptr<schema::TargetRegistrato>> schemi;
     int pagine = 0;  // pages of all documents
     int documenti = 0;
     int orientamento = 1;

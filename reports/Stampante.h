@@ -16,6 +16,9 @@ namespace fornax {
 
 class Avanzamento;
 class Messaggi;
+namespace schema {
+class SchemaTarget;
+}
 
 // The font in force: name, size in points, bold, italic.
 struct Carattere {
@@ -47,6 +50,9 @@ public:
     virtual void FineDocumento() = 0;
     // 1 portrait, 2 landscape; false when the device refuses.
     virtual bool ImpostaOrientamento(int orientamento) = 0;
+    // The schema's surface on the page in progress: twips from the paper's corner, the size of
+    // the paper, black on white. The page begins with it.
+    virtual schema::SchemaTarget& SuperficieSchema() = 0;
 };
 
 // The printable area the user chose (settings "X-percent", "Y-percent"): 0 or absent is 100.
@@ -76,6 +82,15 @@ struct PaginaSchemaStampa {
     bool adatta;
 };
 using StampaSchema = std::function<void(const PaginaSchemaStampa&)>;
+
+// The schema page of the document: the schema's painting for paper on the device's surface
+// (fitted to the page when asked), then the caption: the reference cut to 70 characters,
+// " - Rete: " and the project's file name, Arial 11, at the foot of a fitted drawing, at the
+// top left otherwise. `nomeFont` and `dimensioneFont` are those of the labels (the preview's).
+StampaSchema PaginaSchema(Documento& d, const Archivi& a, Messaggi& msg, const std::string& nomeFont = "Arial",
+                          double dimensioneFont = 7);
+// The caption of the schema page.
+std::string DidascaliaSchema(const Documento& d);
 
 struct OpzioniStampante {
     OpzioniStampa stampa;  // selection, date, firm, version, logo

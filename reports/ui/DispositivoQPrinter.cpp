@@ -7,6 +7,8 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "schema/ui/SchemaQt.h"
+
 namespace fornax::ui {
 
 DispositivoQPrinter::DispositivoQPrinter(QPrinter& p) : p_(p), dpi_(p.resolution()) {
@@ -43,7 +45,12 @@ bool DispositivoQPrinter::ImpostaFont(const Carattere& c) {
     f.setItalic(c.corsivo);
     f.setKerning(false);  // widths add up as the report measures them, text by text
     font_ = f;
-    if (painter_.isActive()) painter_.setFont(font_);
+    if (painter_.isActive()) {
+        painter_.setFont(font_);
+        // The schema's painting leaves its own pen and brush behind.
+        painter_.setPen(penna_);
+        painter_.setBrush(Qt::NoBrush);
+    }
     return FontEquivalente(QString::fromStdString(c.nome), QFontInfo(f).family());
 }
 
@@ -65,9 +72,9 @@ void DispositivoQPrinter::Inizia() {
     }
     if (!painter_.begin(&p_)) throw std::runtime_error("la stampante non accetta il documento");
     painter_.setFont(font_);
-    QPen penna(Qt::black);
-    penna.setWidthF(dpi_ * 0.6 / 72.0);  // 0.6 pt
-    painter_.setPen(penna);
+    penna_ = QPen(Qt::black);
+    penna_.setWidthF(dpi_ * 0.6 / 72.0);  // 0.6 pt
+    painter_.setPen(penna_);
 }
 
 void DispositivoQPrinter::Testo(double x, double y, std::string_view testo) {
@@ -102,6 +109,13 @@ bool DispositivoQPrinter::Chiudi() {
     finito_ = false;
     if (!painter_.isActive()) return true;
     return painter_.end() && p_.printerState() != QPrinter::Error;
+}
+
+schema::SchemaTarget& DispositivoQPrinter::SuperficieSchema() {
+    Inizia();
+    schema_ = std::make_unique<schema::ui::SchemaQt>(painter_, Larghezza(), Altezza(), dpi_ / 1440.0,
+                                                     schema::ui::Aspetto::Carta);
+    return *schema_;
 }
 
 bool DispositivoQPrinter::ImpostaOrientamento(int orientamento) {

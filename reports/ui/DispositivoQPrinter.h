@@ -8,6 +8,7 @@
 
 #include <QFont>
 #include <QPainter>
+#include <memory>
 
 #include "reports/Stampante.h"
 
@@ -33,6 +34,8 @@ public:
     void NuovaPagina() override;
     void FineDocumento() override;
     bool ImpostaOrientamento(int orientamento) override;
+    // The schema's QPainter surface on the page in progress, black on white.
+    schema::SchemaTarget& SuperficieSchema() override;
 
     // Whether the font the system gives for `nome` is that font or one made to its measures
     // ("Arial" is Liberation Sans on Linux).
@@ -47,6 +50,8 @@ private:
     QPrinter& p_;
     QPainter painter_;
     QFont font_;
+    QPen penna_;
+    std::unique_ptr<schema::SchemaTarget> schema_;
     double dpi_;
     bool finito_ = false;  // a document ended: the next thing drawn starts a page
 };

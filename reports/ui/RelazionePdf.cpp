@@ -14,8 +14,6 @@
 
 namespace fornax {
 
-namespace {
-
 // A process without an application (the command line) gets one on the offscreen platform:
 // fonts and the PDF writer need it, a screen does not.
 void ApplicazioneGrafica() {
@@ -34,8 +32,6 @@ void ApplicazioneGrafica() {
     static char* argv[] = {nome, nullptr};
     static std::unique_ptr<QGuiApplication> app = std::make_unique<QGuiApplication>(argc, argv);
 }
-
-}  // namespace
 
 EsitoStampante StampaPdf(Documento& d, Archivi& a, const OpzioniStampante& o, const std::string& percorso,
                          Avanzamento& av, Messaggi& msg, const CartaPdf& carta) {

@@ -16,6 +16,9 @@ struct CartaPdf {
     bool orizzontale = false;
 };
 
+// Makes the offscreen application a process without one needs for fonts, pictures and PDF.
+void ApplicazioneGrafica();
+
 EsitoStampante StampaPdf(Documento& d, Archivi& a, const OpzioniStampante& o, const std::string& percorso,
                          Avanzamento& av, Messaggi& msg, const CartaPdf& carta = {});
 

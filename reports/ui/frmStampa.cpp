@@ -20,7 +20,9 @@
 #include "reports/Stampa.h"
 #include "reports/ui/Carta.h"
 #include "reports/ui/DispositivoQPrinter.h"
+#include "reports/ui/SchemaSuCarta.h"
 #include "reports/ui/frmPagina.h"
+#include "reports/ui/frmPrintSchemaPreview.h"
 #include "reports/ui/frmPrintWait.h"
 #include "reports/ui/frmSelectPrinter.h"
 
@@ -62,6 +64,15 @@ frmStampa::frmStampa(Documento& d, Archivi& a, Impostazioni& imp, Messaggi& msg,
     };
     StampaSuDispositivo = [this](const OpzioniStampante& o, const std::string& pdf) {
         return StampaPredefinita(o, pdf);
+    };
+    SchemaStampa = PaginaSchema(d_, a_, msg_);
+    SalvaSchemaFile = SalvaSchemaBmp(d_, a_, msg_);
+    AnteprimaSchema = [this](std::string& nomeFont, double& dimensioneFont) {
+        frmPrintSchemaPreview f(d_, a_, imp_, msg_, this);
+        f.exec();
+        nomeFont = f.FontEffettivo();
+        dimensioneFont = f.DimensioneEffettiva();
+        return f.Risultato == "print";
     };
 
     auto* lay = new QVBoxLayout(this);
@@ -166,6 +177,7 @@ frmStampa::frmStampa(Documento& d, Archivi& a, Impostazioni& imp, Messaggi& msg,
     lay->addWidget(lblPrintPreviewDisabledFile);
 
     connect(cmdPrint, &QPushButton::clicked, this, &frmStampa::cmdPrint_Click);
+    connect(cmdPrintPreview, &QPushButton::clicked, this, &frmStampa::cmdPrintPreview_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);  // Escape presses it too
     connect(cmdPrinter, &QPushButton::clicked, this, [this] {
         frmSelectPrinter f(imp_, this);
@@ -334,8 +346,10 @@ void frmStampa::cmdPrint_Click() {
             if (!UscitaConfermata(percorso, msg_)) continue;
             frmPrintWait attesa(this);
             attesa.show();
-            const bool ok =
-                html ? StampaHTML(d_, a_, o, percorso, attesa, msg_) : StampaTXT(d_, a_, o, percorso, attesa, msg_);
+            // The schema's picture goes beside the file.
+            const SalvaSchema immagine = s.DiagrammaRete ? SalvaSchemaFile : SalvaSchema();
+            const bool ok = html ? StampaHTML(d_, a_, o, percorso, attesa, msg_, immagine)
+                                 : StampaTXT(d_, a_, o, percorso, attesa, msg_, immagine);
             attesa.close();
             if (!ok) return;
         } else {
@@ -359,6 +373,44 @@ void frmStampa::cmdPrint_Click() {
     AdaptSchemaToPage->setChecked(false);
     if (Esecuzioni == 0) return;
     // 10.
+    msg_.Mostra("Stampa completata");
+    accept();
+}
+
+void frmStampa::cmdPrintPreview_Click() {
+    AdaptSchemaToPage->setChecked(false);
+    const bool stampanti = StampantiPresenti();
+    if (!stampanti && !PdfPossibile) {
+        msg_.Mostra("ATTENZIONE!!!\nNon è stata installata alcuna stampante sul sistema.", Box::EXCLAMATION);
+        return;
+    }
+    if (msg_.Mostra("Confermi stampa?", Box::YESNO | Box::QUESTION) != Risposta::YES) return;
+    OpzioniStampa o;
+    o.selezione = StoreSelected();
+    o.DataStampa = S(txtDate->text());
+    o.DittaRiga1 = imp_.Leggi("Ditta", "Riga1");
+    o.DittaRiga2 = imp_.Leggi("Ditta", "Riga2");
+    o.logo = ControllaLogo(a_.Cartella, msg_);
+    OpzioniStampante os;
+    os.stampa = o;
+    os.proporzioni = LeggiProporzioni(imp_);
+    if (o.logo) os.fileLogo = TrovaFile(a_.Cartella, "logo.bmp");
+    // The schema goes to paper only when its preview answers "print", with the font chosen there.
+    if (o.selezione.DiagrammaRete && SchemaDisponibile()) {
+        std::string nomeFont = "Arial";
+        double dimensione = 7;
+        if (AnteprimaSchema && AnteprimaSchema(nomeFont, dimensione))
+            os.schema = PaginaSchema(d_, a_, msg_, nomeFont, dimensione);
+    }
+    Esecuzioni = 0;
+    std::string percorso;
+    if (!stampanti || StampanteCorrente(imp_).nome == STAMPANTE_PDF) {
+        percorso = ChiediFilePdf();
+        if (!UscitaConfermata(percorso, msg_)) return;
+    }
+    const EsitoStampante e = StampaSuDispositivo(os, percorso);
+    if (!e.riuscita) return;
+    Esecuzioni = 1;
     msg_.Mostra("Stampa completata");
     accept();
 }

@@ -35,6 +35,8 @@ public:
     // The selection buttons: 0 complete, 1 report, 2 summary, 3 the user's own (left click).
     void Seleziona(int indice);
     void cmdPrint_Click();
+    // "Stampa avanzata": one copy on the printer, the schema through its preview.
+    void cmdPrintPreview_Click();
     void AggiornaStampante();
 
     // The controls.
@@ -61,9 +63,13 @@ public:
     // One run of the printer's report; by default on the chosen printer or a PDF file.
     std::function<EsitoStampante(const OpzioniStampante& o, const std::string& pdf)> StampaSuDispositivo;
 
-    // The schema's drawing, when the schema can be painted: until then its box and the
-    // preview stay disabled.
+    // The schema's page on paper and its picture beside a file report; by default the schema's
+    // own painting. Without the page the schema's box and the preview stay disabled.
     StampaSchema SchemaStampa;
+    SalvaSchema SalvaSchemaFile;
+    // The preview of the schema before "Stampa avanzata" prints it: true ("print") with the font
+    // chosen, false ("cancel"). By default frmPrintSchemaPreview.
+    std::function<bool(std::string& nomeFont, double& dimensioneFont)> AnteprimaSchema;
 
     int Esecuzioni = 0;  // runs done by the last cmdPrint
     bool SchemaAdattato() const { return schemaAdattato_; }

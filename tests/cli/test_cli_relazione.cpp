@@ -110,7 +110,8 @@ TEST_F(CliRelazione, UsoErratoEsito2) {
         {p + " --format html", "--out FILE"},
         {p + " --format html" + out + " --sezioni AAB", "otto lettere"},
         {p + " --format html" + out + " --sezioni AAXAAAAA", "otto lettere"},
-        {p + " --format html" + out + " --sezioni AAAAAAAA", "schema grafico della rete"},
+        {p + " --format html" + out + " --sezioni AAAAAAAA --adatta-schema", "--adatta-schema vale solo"},
+        {p + " --format pdf" + out + " --adatta-schema", "--adatta-schema vale solo"},
         {p + " --format html" + out + " --sezioni BBBBBBBB", "Nessuna opzione selezionata.Selezionarne almeno una."},
         {p + " --format html" + out + " --data-stampa 2026-02-01", "gg/mm/aaaa"},
         {p + " --format html" + out + " --colori", "opzione sconosciuta --colori"},
@@ -122,7 +123,8 @@ TEST_F(CliRelazione, UsoErratoEsito2) {
         EXPECT_NE(e.errori.find(c.messaggio), std::string::npos) << c.argomenti << "\n" << e.errori;
     }
     EXPECT_FALSE(std::ifstream(dir.Percorso("r.html")).good());
-    EXPECT_NE(Esegui("--help").uscita.find("Lo schema grafico non e' ancora disponibile"), std::string::npos);
+    EXPECT_NE(Esegui("--help").uscita.find("Lo schema grafico (A in terza posizione) e' un'immagine .bmp"),
+              std::string::npos);
 }
 
 TEST_F(CliRelazione, ProgettoMancanteOFileNonScrivibileEsito1) {

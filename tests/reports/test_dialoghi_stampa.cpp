@@ -19,9 +19,11 @@
 #include "core/FileTesto.h"
 #include "core/ui/Controlli.h"
 #include "documento/Progetto.h"
+#include "reports/DispositivoRegistrato.h"
 #include "reports/ui/Carta.h"
 #include "reports/ui/frmManuale.h"
 #include "reports/ui/frmPagina.h"
+#include "reports/ui/frmPrintSchemaPreview.h"
 #include "reports/ui/frmPrintWait.h"
 #include "reports/ui/frmSelectPrinter.h"
 #include "reports/ui/frmStampa.h"
@@ -82,6 +84,151 @@ bool Mostrato(const AmbienteUi& e, const std::string& testo) {
 class DialoghiStampa : public QObject {
     Q_OBJECT
 private slots:
+    // The preview of the schema: its three settings, zoom, font, and its two answers.
+    void AnteprimaDelloSchema() {
+        auto e = prova::NuovoAmbiente();
+        QVERIFY(Apri(*e, "appartamento.RTG"));
+        e->imp.Scrivi("Stampa", "PrintPreviewLastFontName", "");
+        {
+            frmPrintSchemaPreview f(e->d, e->a, e->imp, e->msg);
+            f.ChiediFont = [](QFont&) {
+                QTest::qFail("la finestra dei font si sarebbe aperta", __FILE__, __LINE__);
+                return false;
+            };
+            QCOMPARE(f.windowTitle(), QStringLiteral("Preview"));
+            QCOMPARE(f.FontEffettivo(), std::string("Arial"));  // a blank saved name
+            QCOMPARE(f.DimensioneEffettiva(), 7.0);
+            QCOMPARE(f.TextZoom->text(), QStringLiteral("1"));
+            // The landscape page at 96 dots to the inch, black on white with the schema on it.
+            QImage img = f.picSchema->pixmap().toImage();
+            QCOMPARE(img.size(), QSize(1123, 794));
+            int scuri = 0;
+            for (int y = 0; y < img.height(); y += 2)
+                for (int x = 0; x < img.width(); x += 2)
+                    if (qGray(img.pixel(x, y)) < 100) ++scuri;
+            QVERIFY2(scuri > 150, qPrintable(QString::number(scuri)));
+            QTest::mouseClick(f.cmdZoomPlus, Qt::LeftButton);
+            QCOMPARE(f.Zoom, 2.0f);
+            QCOMPARE(f.picSchema->pixmap().size(), QSize(2245, 1587));
+            QTest::mouseClick(f.cmdZoomMinus, Qt::LeftButton);
+            QTest::mouseClick(f.cmdZoomMinus, Qt::LeftButton);
+            QCOMPARE(f.Zoom, frmPrintSchemaPreview::ZOOM_MIN);
+            f.TextZoom->setText(QStringLiteral("1,5"));
+            QTest::mouseClick(f.cmdZoomApply, Qt::LeftButton);
+            QCOMPARE(f.Zoom, 1.5f);
+            QCOMPARE(f.picSchema->pixmap().width(), 1684);
+            f.TextZoom->setText(QStringLiteral("abc"));  // not a number: the zoom stays
+            f.TextZoom_LostFocus();
+            QCOMPARE(f.Zoom, 1.5f);
+            // The platform's font dialog: the choice shows and the picture follows it.
+            f.ChiediFont = [](QFont& font) {
+                font = QFont(QStringLiteral("DejaVu Serif"));
+                font.setPointSizeF(9);
+                return true;
+            };
+            QTest::mouseClick(f.cmdFont, Qt::LeftButton);
+            QCOMPARE(f.FontEffettivo(), std::string("DejaVu Serif"));
+            QCOMPARE(f.txtFontType->text(), QStringLiteral("DejaVu Serif 9"));
+            // Annulla keeps the saved settings as they were.
+            QTest::mouseClick(f.cmdCancel, Qt::LeftButton);
+            QCOMPARE(f.Risultato, std::string("cancel"));
+            QCOMPARE(e->imp.Leggi("Stampa", "PrintPreviewLastFontName", "-"), std::string());
+            QCOMPARE(e->imp.Leggi("Stampa", "PrintPreviewLastZoom", "-"), std::string("-"));
+            // Stampa stores the three.
+            QTest::mouseClick(f.cmdPrint, Qt::LeftButton);
+            QCOMPARE(f.Risultato, std::string("print"));
+            QCOMPARE(e->imp.Leggi("Stampa", "PrintPreviewLastFontName"), std::string("DejaVu Serif"));
+            QCOMPARE(e->imp.Leggi("Stampa", "PrintPreviewLastFontSize"), std::string("9"));
+            QCOMPARE(e->imp.Leggi("Stampa", "PrintPreviewLastZoom"), std::string("1.5"));
+        }
+        frmPrintSchemaPreview f(e->d, e->a, e->imp, e->msg);
+        QCOMPARE(f.FontEffettivo(), std::string("DejaVu Serif"));
+        QCOMPARE(f.Zoom, 1.5f);
+        // Escape answers "cancel".
+        QTest::keyClick(&f, Qt::Key_Escape);
+        QCOMPARE(f.Risultato, std::string("cancel"));
+    }
+
+    // The schema alone to the printer (a PDF file on a machine without printers), after its
+    // question.
+    void StampaDelloSchema() {
+        auto e = prova::NuovoAmbiente();
+        QVERIFY(Apri(*e, "bifamiliare-gpl.RTG"));
+        if (!StampantiInstallate().isEmpty()) QSKIP("questa macchina ha una stampante");
+        const std::string pdf = e->cartella.Percorso("schema.pdf");
+        int chiesti = 0;
+        auto chiedi = [&] {
+            ++chiesti;
+            return pdf;
+        };
+        e->msg.risposte = {Risposta::NO};
+        QVERIFY(!PrintSchema(e->d, e->a, e->imp, e->msg, chiedi));
+        QCOMPARE(e->msg.mostrati.back().testo, std::string("Confermi la stampa dello schema grafico?"));
+        QCOMPARE(e->msg.mostrati.back().flags, Box::YESNO | Box::QUESTION);
+        QCOMPARE(chiesti, 0);
+        e->msg.risposte = {Risposta::YES};
+        QVERIFY(PrintSchema(e->d, e->a, e->imp, e->msg, chiedi));
+        QCOMPARE(chiesti, 1);
+        const std::string byte = prova::CartellaProva::LeggiFile(pdf);
+        QVERIFY(byte.rfind("%PDF-", 0) == 0);
+        QVERIFY(byte.find("/MediaBox [0 0 842.000000 595.000000]") != std::string::npos);  // landscape A4
+    }
+
+    // "Stampa avanzata": the fit cleared, one question, one copy; the schema goes to paper only
+    // when its preview says "print", with the font chosen there.
+    void StampaAvanzata() {
+        auto e = prova::NuovoAmbiente();
+        QVERIFY(Apri(*e, "appartamento.RTG"));
+        frmStampa f(e->d, e->a, e->imp, e->msg);
+        SenzaDialoghiDiFile(f);
+        // No printer: the run goes to the PDF file named here (the run itself is counted, not made).
+        f.StampantiPresenti = [] { return false; };
+        f.ChiediFilePdf = [&] { return e->cartella.Percorso("avanzata.pdf"); };
+        Registro r;
+        r.Collega(f);
+        QVERIFY(f.chkDiagrammaRete->isEnabled() && f.AdaptSchemaToPage->isEnabled() && f.cmdPrintPreview->isEnabled());
+        QTest::mouseClick(f.SSCommand1[1], Qt::LeftButton);
+        f.AdaptSchemaToPage->setChecked(true);
+        std::vector<bool> anteprima = {false, true};
+        int aperte = 0;
+        f.AnteprimaSchema = [&](std::string& nome, double& dimensione) {
+            nome = "DejaVu Serif";
+            dimensione = 9;
+            return anteprima[static_cast<size_t>(aperte++)];
+        };
+        e->msg.risposte = {Risposta::NO};
+        f.cmdPrintPreview_Click();
+        QVERIFY(!f.AdaptSchemaToPage->isChecked());
+        QCOMPARE(e->msg.mostrati.back().testo, std::string("Confermi stampa?"));
+        QCOMPARE(e->msg.mostrati.back().flags, Box::YESNO | Box::QUESTION);
+        QCOMPARE(aperte, 0);
+        QVERIFY(r.esecuzioni.empty());
+        // Cancelled in the preview: the rest is printed, the schema is not.
+        e->msg.risposte = {Risposta::YES};
+        f.cmdPrintPreview_Click();
+        QCOMPARE(aperte, 1);
+        QCOMPARE(r.esecuzioni.size(), size_t(1));
+        QVERIFY(!r.esecuzioni[0].schema);
+        QVERIFY(!r.esecuzioni[0].adattaSchema);
+        QCOMPARE(f.Esecuzioni, 1);
+        // "print": the page of the schema, drawn with the preview's font.
+        e->msg.risposte = {Risposta::YES};
+        f.cmdPrintPreview_Click();
+        QCOMPARE(r.esecuzioni.size(), size_t(2));
+        QVERIFY(static_cast<bool>(r.esecuzioni[1].schema));
+        DispositivoRegistrato dev;
+        dev.ImpostaOrientamento(2);
+        const GeometriaPagina g = ImpostaPagina(dev.Larghezza(), dev.Altezza(), {});
+        r.esecuzioni[1].schema(PaginaSchemaStampa{dev, g, false});
+        QCOMPARE(dev.schemi.size(), size_t(1));
+        QCOMPARE(dev.schemi[0]->Font(), std::string("DejaVu Serif"));
+        QCOMPARE(dev.schemi[0]->Punti(), 9.0);
+        QCOMPARE(e->msg.mostrati.back().testo, std::string("Stampa completata"));
+        // A file report has no preview.
+        f.chkPrintFile->setChecked(true);
+        QVERIFY(!f.cmdPrintPreview->isEnabled() && !f.AdaptSchemaToPage->isEnabled());
+    }
+
     void SetStampeESelezioni() {
         auto e = prova::NuovoAmbiente();
         {
@@ -92,11 +239,10 @@ private slots:
             QTest::mouseClick(f.SSCommand1[3], Qt::LeftButton);
             QCOMPARE(Caselle(f), std::vector<bool>(8, false));
             QTest::mouseClick(f.SSCommand1[0], Qt::LeftButton);
-            // The schema waits for the schema's drawing: its box stays clear and disabled.
-            QCOMPARE(Caselle(f), (std::vector<bool>{true, true, false, true, true, true, true, true}));
-            QVERIFY(!f.chkDiagrammaRete->isEnabled());
+            QCOMPARE(Caselle(f), std::vector<bool>(8, true));
+            QVERIFY(f.chkDiagrammaRete->isEnabled());
             QTest::mouseClick(f.SSCommand1[1], Qt::LeftButton);
-            QCOMPARE(Caselle(f), (std::vector<bool>{true, true, false, false, true, false, false, false}));
+            QCOMPARE(Caselle(f), (std::vector<bool>{true, true, true, false, true, false, false, false}));
             QTest::mouseClick(f.SSCommand1[2], Qt::LeftButton);
             QCOMPARE(Caselle(f), (std::vector<bool>{false, true, false, true, false, false, true, false}));
             // A right click asks, and stores the boxes on Yes, with a ninth blank.
@@ -189,7 +335,8 @@ private slots:
         QCOMPARE(o.proporzioni.PercentoX, 90);
         QCOMPARE(o.proporzioni.PercentoY, 100);
         QCOMPARE(e->imp.Leggi("Stampa", "Y-percent"), std::string("100"));  // 0 or missing is saved as 100
-        QCOMPARE(o.stampa.selezione.Lettere(), std::string("AABAAAAA"));
+        QCOMPARE(o.stampa.selezione.Lettere(), std::string("AAAAAAAA"));    // the schema too
+        QVERIFY(static_cast<bool>(o.schema));
         QVERIFY(!o.stampa.logo);
         QCOMPARE(r.pdf[1], e->cartella.Percorso("copia2.pdf"));  // a file for each copy
 

@@ -160,7 +160,7 @@ TEST_F(CliSchema, ErroriDUso) {
     const std::string progetto = "'" + kAccettazione + "/projects/i03_chain4_2008.RTG'";
     const std::string archivi = kAccettazione + "/archives";
     for (const char* opzioni : {"--zoom 6", "--zoom -13", "--zoom 1.5", "--zoom x", "--area 100", "--area 0x10",
-                                "--schermo 12000", "--json", "--png a.png"}) {
+                                "--schermo 12000", "--json", "--png a.jpg", "--svg"}) {
         SCOPED_TRACE(opzioni);
         EXPECT_EQ(Esegui(archivi, "schema " + progetto + " " + opzioni).stato, 2);
     }
