@@ -1,5 +1,7 @@
 #include "editing/Modifiche.h"
 
+#include <algorithm>
+
 #include "archives/Materiali.h"
 #include "archives/Pdc.h"
 #include "archives/Speciali.h"
@@ -160,5 +162,38 @@ bool AdottaSpeciali(Documento& d, const std::array<TipoSpeciale, 11>& tabella) {
 }
 
 void AdottaPdc(Documento& d, const TabellaPdc& tabella) { d.Pdc = tabella; }
+
+// ---- Names of the steps ----
+
+namespace {
+
+std::string Tronchi(int da, int a_) {
+    if (da == a_) return "del tronco " + std::to_string(da);
+    return "dei tronchi " + std::to_string(std::min(da, a_)) + "-" + std::to_string(std::max(da, a_));
+}
+
+}  // namespace
+
+std::string NomeCella(const ColonnaTabella& colonna, int da, int a_) {
+    std::string titolo = Trim(colonna.Titolo1);
+    const std::string t2 = Trim(colonna.Titolo2);
+    if (titolo == ".") titolo.clear();
+    if (!t2.empty() && t2 != ".") titolo += (titolo.empty() ? "" : " ") + t2;
+    if (titolo.empty()) titolo = colonna.Chiave;
+    return (da == a_ ? "modifica della cella " : "modifica della colonna ") + titolo + " " + Tronchi(da, a_);
+}
+
+std::string NomeNuovoTronco(int tronco) { return "nuovo tronco " + std::to_string(tronco); }
+
+std::string NomeCancellazione(int tipo, int da, int a_) {
+    switch (tipo) {
+        case TipoCancellazione::SCOLLEGA:
+            return "scollegamento " + Tronchi(da, a_);
+        case TipoCancellazione::ELIMINA_E_COMPATTA:
+            return "eliminazione " + Tronchi(da, a_);
+        default:
+            return "cancellazione " + Tronchi(da, a_);
+    }
+}
 
 }  // namespace fornax::modifica
