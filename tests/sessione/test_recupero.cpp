@@ -156,6 +156,8 @@ TEST(Recupero, DopoCheIlProgrammaEStatoUcciso) {
     // The user's file was never touched; the work comes back as the killed session would have
     // saved it.
     EXPECT_EQ(Leggi(b->progetto), utente);
+    // Opened as the desktop opens it: recalculated.
+    Ricalcola(s, dopo->msg);
     const std::string recuperato = dopo->dir.Percorso("recuperato.RTG");
     ASSERT_TRUE(SalvaProgetto(s, recuperato, dopo->msg));
     EXPECT_EQ(Leggi(recuperato), Leggi(atteso));
