@@ -563,7 +563,7 @@ void frmMainForm::ControllaRecupero() {
     if (!recupero_) return;
     // Without an open project nothing is unsaved (a project closed without saving leaves no copy).
     if (!doc_) {
-        recupero_->Rimuovi();
+        recupero_->RimuoviPropria();
         return;
     }
     recupero_->Controlla(s_, Secondi());
@@ -583,7 +583,11 @@ bool frmMainForm::OffriRecupero() {
         Attesa attesa;
         ok = Recupero::Apri(s_, *copia, msg_, av);
     }
-    if (!ok) return false;
+    if (!ok) {
+        // A copy that can't be read would be offered at every start.
+        recupero_->Rimuovi();
+        return false;
+    }
     CreaDocumento();
     AggiornaTitolo();
     // The recovered work is at once this session's copy.

@@ -82,11 +82,17 @@ void Recupero::Rimuovi() {
     fs::remove(cartella_ + "/" + NOTA, ec);
     scritta_ = false;
     primaModifica_ = -1;
+    // Unsaved work that begins after this gets its own copy as soon as the user pauses.
+    ultimaScrittura_ = -1e300;
+}
+
+void Recupero::RimuoviPropria() {
+    if (scritta_) Rimuovi();
 }
 
 bool Recupero::Controlla(const Sessione& s, double adesso) {
     if (s.d.ReteModificata == FALSO) {
-        if (scritta_) Rimuovi();
+        RimuoviPropria();
         primaModifica_ = -1;
         vista_ = false;
         return false;

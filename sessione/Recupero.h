@@ -42,8 +42,11 @@ public:
     bool Controlla(const Sessione& s, double adesso);
     // Writes the copy now. False when it could not be written (the old copy, if any, stays).
     bool Scrivi(const Sessione& s);
-    // Removes the copy (a normal end of the program).
+    // Removes the copy (a normal end of the program, a crashed session's copy declined).
     void Rimuovi();
+    // Removes the copy only if this session wrote it: a crashed session's copy stays until the
+    // user has answered about it.
+    void RimuoviPropria();
 
     // The copy a crashed session left in `cartella`, if any.
     static std::optional<CopiaRecupero> Trova(const std::string& cartella);

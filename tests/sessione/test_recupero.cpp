@@ -107,6 +107,11 @@ TEST(Recupero, QuandoLaCopiaVieneScrittaETolta) {
     ASSERT_TRUE(Annulla(*b->s));
     r.Controlla(*b->s, 301);
     EXPECT_FALSE(b->CopiaPresente());
+    // Unsaved again by a redo: a new copy after the pause, without waiting for the 30 s that
+    // follow the copy removed.
+    ASSERT_TRUE(Ripristina(*b->s));
+    EXPECT_FALSE(r.Controlla(*b->s, 302));
+    EXPECT_TRUE(r.Controlla(*b->s, 308));
 }
 
 // The desktop killed while the user had unsaved work: a child process works on the project and
