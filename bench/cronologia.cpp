@@ -3,11 +3,15 @@
 // undo with the recalculation that follows it. The repaint is timed by bench/ui/bench_griglia.
 #include <benchmark/benchmark.h>
 
+#include <unistd.h>
+
+#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "core/ServiziProva.h"
 #include "editing/Modifiche.h"
+#include "sessione/Recupero.h"
 #include "sessione/Sessione.h"
 
 using namespace fornax;
@@ -89,5 +93,17 @@ void BM_Ricalcola400(benchmark::State& st) {
     for (auto _ : st) Ricalcola(*amb.s, amb.msg);
 }
 BENCHMARK(BM_Ricalcola400)->Unit(benchmark::kMicrosecond);
+
+// The recovery copy of 400 sections, written on the desktop's thread at most every 30 s.
+void BM_CopiaDiRecupero400(benchmark::State& st) {
+    Ambiente amb;
+    amb.s->d.ReteModificata = VERO;
+    const std::string cartella = "/tmp/fornax-bench-recupero-" + std::to_string(::getpid());
+    Recupero r(cartella);
+    for (auto _ : st) r.Scrivi(*amb.s);
+    r.Rimuovi();
+    std::filesystem::remove_all(cartella);
+}
+BENCHMARK(BM_CopiaDiRecupero400)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
