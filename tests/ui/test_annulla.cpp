@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
 #include <QTest>
@@ -12,6 +13,7 @@
 #include <filesystem>
 
 #include "app/frmMainForm.h"
+#include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
 #include "editing/ui/ModelloTronchi.h"
 #include "tests/ui/AmbienteUi.h"
@@ -102,7 +104,7 @@ void TestAnnulla::annullaERipristinaDalMenuEDaiTasti() {
     QCOMPARE(g->Modello()->cella(2, colonna).testo, testoPrima);
     QVERIFY(!annulla->isEnabled());
     QCOMPARE(ripristina->text(), QStringLiteral("Ripristina: ") + titolo);
-    QCOMPARE(amb->d.ReteModificata, FALSO) << "back to the file as opened";
+    QCOMPARE(amb->d.ReteModificata, FALSO);
 
     // Ctrl+Y, then Ctrl+Shift+Z.
     QTest::keyClick(g->Griglia(), Qt::Key_Y, Qt::ControlModifier);
@@ -141,10 +143,10 @@ void TestAnnulla::ilSegnoDiModificaEIlNuovoProgetto() {
     Scrivi(g, 2, Id::ID_LEN, QStringLiteral("22"));
     QCOMPARE(amb->d.ReteModificata, VERO);
     Azione(&f, "AnnullaMnu")->trigger();
-    QCOMPARE(amb->d.ReteModificata, FALSO) << "undone back to the saved state";
+    QCOMPARE(amb->d.ReteModificata, FALSO);
     QCOMPARE(amb->d.T(2).ID_LEN, 21.0f);
     Azione(&f, "AnnullaMnu")->trigger();
-    QCOMPARE(amb->d.ReteModificata, VERO) << "before the save";
+    QCOMPARE(amb->d.ReteModificata, VERO);
     // A new project: nothing to undo.
     QVERIFY(f.NuovoProgetto(false));
     QVERIFY(!Azione(&f, "AnnullaMnu")->isEnabled());
