@@ -109,7 +109,7 @@ void TestAnnulla::annullaERipristinaDalMenuEDaiTasti() {
     // Ctrl+Y, then Ctrl+Shift+Z.
     QTest::keyClick(g->Griglia(), Qt::Key_Y, Qt::ControlModifier);
     QCOMPARE(amb->d.T(2).ID_LEN, 37.0f);
-    QCOMPARE(g->Modello()->cella(2, colonna).testo, QStringLiteral("37"));
+    QCOMPARE(g->Modello()->cella(2, colonna).testo, QStringLiteral("37.00"));
     QTest::keyClick(g->Griglia(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(amb->d.T(utenza).ID_P_UTENZE, 9.0f);
     QVERIFY(!ripristina->isEnabled());
