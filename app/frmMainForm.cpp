@@ -35,6 +35,7 @@
 #include "core/ui/Icone.h"
 #include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
+#include "editing/ui/ModelloTronchi.h"
 #include "housekeeping/ui/frmHints.h"
 #include "reports/ui/frmManuale.h"
 #include "reports/ui/frmSelectPrinter.h"
@@ -533,11 +534,14 @@ void frmMainForm::RipristinaMnu() {
 }
 
 void frmMainForm::DopoStoria() {
-    // The inputs are back: the combos show them, the rows are written and the network is
-    // recalculated, as after the edit itself.
+    // The inputs are back: the combos show them and the network is recalculated, as after the
+    // edit itself; the recalculation writes every row of the grid once (the grid keeps a row
+    // beyond the last section, and never shrinks while the window is open).
     doc_->InitInitialPressureCombo();
     doc_->InitDPMaxCombo();
-    doc_->ReLoadTubi();
+    ModelloTronchi* m = doc_->Modello();
+    if (m->Righe() < d_.NumTronchi() + 1) m->ImpostaRighe(d_.NumTronchi() + 1);
+    doc_->Elaborazione();
     AggiornaComboGas();
     AggiornaComandi();
 }
