@@ -175,10 +175,10 @@ std::string Tronchi(int da, int a_) {
 }  // namespace
 
 std::string NomeCella(const ColonnaTabella& colonna, int da, int a_) {
-    std::string titolo = Trim(colonna.Titolo1);
-    const std::string t2 = Trim(colonna.Titolo2);
-    if (titolo == ".") titolo.clear();
-    if (!t2.empty() && t2 != ".") titolo += (titolo.empty() ? "" : " ") + t2;
+    // The heading's first line names the quantity; the second holds its unit ("m", "Pa").
+    auto testo = [](const std::string& t) { return Trim(t) == "." ? std::string() : Trim(t); };
+    std::string titolo = testo(colonna.Titolo1);
+    if (titolo.empty()) titolo = testo(colonna.Titolo2);
     if (titolo.empty()) titolo = colonna.Chiave;
     return (da == a_ ? "modifica della cella " : "modifica della colonna ") + titolo + " " + Tronchi(da, a_);
 }

@@ -113,7 +113,8 @@ void AdottaPdc(Documento& d, const TabellaPdc& tabella);
 // ---- Names of the steps of the history (menu "Modifica": "Annulla: <name>") ----
 
 // "modifica della cella Lunghezza del tronco 4", "modifica della colonna Lunghezza dei tronchi
-// 3-7": the column's heading (both lines, trimmed) for the rows committed.
+// 3-7": the first line of the column's heading (the second holds the unit) for the rows
+// committed.
 std::string NomeCella(const ColonnaTabella& colonna, int da, int a_);
 // "nuovo tronco 5"
 std::string NomeNuovoTronco(int tronco);

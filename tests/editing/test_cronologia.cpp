@@ -266,13 +266,15 @@ TEST(Cronologia, LaStoriaHaUnLimite) {
 TEST(Cronologia, INomiDeiPassi) {
     ColonnaTabella c;
     c.Titolo1 = " Lunghezza ";
-    c.Titolo2 = ".";
+    c.Titolo2 = "m";
     c.Chiave = "ID_LEN";
     EXPECT_EQ(modifica::NomeCella(c, 4, 4), "modifica della cella Lunghezza del tronco 4");
     EXPECT_EQ(modifica::NomeCella(c, 7, 3), "modifica della colonna Lunghezza dei tronchi 3-7");
     c.Titolo1 = "Portata";
     c.Titolo2 = "[Nmc/h]";
-    EXPECT_EQ(modifica::NomeCella(c, 1, 1), "modifica della cella Portata [Nmc/h] del tronco 1");
+    EXPECT_EQ(modifica::NomeCella(c, 1, 1), "modifica della cella Portata del tronco 1");
+    c.Titolo1 = ".";
+    EXPECT_EQ(modifica::NomeCella(c, 1, 1), "modifica della cella [Nmc/h] del tronco 1");
     c.Titolo1 = c.Titolo2 = "";
     EXPECT_EQ(modifica::NomeCella(c, 2, 2), "modifica della cella ID_LEN del tronco 2");
     EXPECT_EQ(modifica::NomeNuovoTronco(5), "nuovo tronco 5");
