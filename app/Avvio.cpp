@@ -20,6 +20,7 @@
 #include "editing/Modifiche.h"
 #include "editing/ui/GasGrid.h"
 #include "housekeeping/Suggerimenti.h"
+#include "sessione/Recupero.h"
 #include "sessione/Sessione.h"
 
 namespace fornax::ui {
@@ -84,8 +85,11 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
     splash->close();
     splash.reset();
 
-    // The project named on the command line.
-    const QString comando = PercorsoDaRigaComandi(app.arguments().mid(1));
+    // Work a crashed session left unsaved is offered first; then the project named on the
+    // command line.
+    form.AttivaRecupero(CartellaRecupero());
+    const bool recuperato = form.OffriRecupero();
+    const QString comando = recuperato ? QString() : PercorsoDaRigaComandi(app.arguments().mid(1));
     if (!comando.isEmpty()) {
         if (QFileInfo::exists(comando)) {
             form.ApriPercorso(comando);
@@ -93,9 +97,10 @@ int Main(QApplication& app, const std::string& cartellaProgramma) {
             p->msg.Mostra("Il File " + S(comando) + "non esiste o non e' valido");
         }
     }
-    // Speed and pressures start from the defaults, also for the project just opened.
-    modifica::DefaultAllApertura(p->d, p->a);
-    if (form.ProgettoAperto()) {
+    // Speed and pressures start from the defaults, also for the project just opened (not for
+    // recovered work, which keeps what the user had).
+    if (!recuperato) modifica::DefaultAllApertura(p->d, p->a);
+    if (form.ProgettoAperto() && !recuperato) {
         form.Griglia()->InitInitialPressureCombo();
         form.Finestra()->Elaborazione();
     }

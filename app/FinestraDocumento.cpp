@@ -38,9 +38,11 @@ FinestraDocumento::FinestraDocumento(Sessione& s, Messaggi& msg, QWidget* padre)
         // A consumer just dropped: a cooker gets "Calcolo portata" in either kind of network.
         const bool cucina = richiesta.dialogo == schema::DialogoUtenza::Cportata;
         const auto esito = ChiediUtenza(this, s, tronco, cucina);
-        if (esito)
+        if (esito) {
+            PassoModifica passo(s.Storia, s.d, "utenza del tronco " + std::to_string(tronco));
             modifica::ConfermaUtenzaDrop(s.d, static_cast<int16_t>(tronco), esito->portata, esito->tipologia,
                                          esito->composizione.value_or(std::string()));
+        }
     };
     connect(SSTab1, &QTabWidget::currentChanged, this, [this](int) { Elaborazione(); });
     AggiungiPagina(new PaginaTenuta(s, msg, SSTab1), PaginaTenuta::Titolo());  // tab 2, after the schema

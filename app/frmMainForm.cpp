@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDesktopServices>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QTableView>
+#include <QTimer>
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -35,11 +37,13 @@
 #include "editing/Modifiche.h"
 #include "editing/ui/DialoghiTronco.h"
 #include "editing/ui/GasGrid.h"
+#include "editing/ui/ModelloTronchi.h"
 #include "housekeeping/ui/frmHints.h"
 #include "reports/ui/frmManuale.h"
 #include "reports/ui/frmSelectPrinter.h"
 #include "reports/ui/frmStampa.h"
 #include "schema/ui/SchemaPagina.h"
+#include "sessione/Recupero.h"
 
 namespace fornax::ui {
 
@@ -99,6 +103,16 @@ frmMainForm::frmMainForm(Sessione& s, Messaggi& msg, QWidget* padre)
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
+
+    // Twice a second: the undo commands follow the history, whoever recorded the last step,
+    // and the recovery copy is kept (when start-up turned it on).
+    orologio_ = new QTimer(this);
+    orologio_->setInterval(500);
+    connect(orologio_, &QTimer::timeout, this, [this] {
+        if (s_.Storia.Versione() != versioneMostrata_) AggiornaComandi();
+        ControllaRecupero();
+    });
+    orologio_->start();
 }
 
 frmMainForm::~frmMainForm() = default;
@@ -209,6 +223,19 @@ void frmMainForm::CreaComandi() {
     file->addSeparator();
     file->addAction(actEsci);
 
+    // Undo and redo of the edits, each naming its step.
+    actAnnulla = new QAction(style()->standardIcon(QStyle::SP_ArrowBack), QStringLiteral("Annulla"), this);
+    actAnnulla->setObjectName(QStringLiteral("AnnullaMnu"));
+    actAnnulla->setShortcut(QKeySequence::Undo);
+    connect(actAnnulla, &QAction::triggered, this, &frmMainForm::AnnullaMnu);
+    actRipristina = new QAction(style()->standardIcon(QStyle::SP_ArrowForward), QStringLiteral("Ripristina"), this);
+    actRipristina->setObjectName(QStringLiteral("RipristinaMnu"));
+    actRipristina->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    connect(actRipristina, &QAction::triggered, this, &frmMainForm::RipristinaMnu);
+    QMenu* modifica = menuBar()->addMenu(QStringLiteral("&Modifica"));
+    modifica->addAction(actAnnulla);
+    modifica->addAction(actRipristina);
+
     QMenu* archivi = menuBar()->addMenu(QStringLiteral("&Archivi"));
     archivi->addAction(actGas);
     archivi->addAction(actMateriali);
@@ -247,6 +274,9 @@ void frmMainForm::CreaComandi() {
     barra->addAction(actNuovo);
     barra->addAction(actApri);
     barra->addAction(actSalva);
+    barra->addSeparator();
+    barra->addAction(actAnnulla);
+    barra->addAction(actRipristina);
     barra->addSeparator();
     barra->addAction(actParametri);
     barra->addSeparator();
@@ -316,6 +346,17 @@ void frmMainForm::AggiornaComandi() {
                          actStampa, actParametriTronco, actRigeneraSchema, actCancellaTronco})
         act->setEnabled(aperto);
     ComboGas->setEnabled(aperto);
+    // The history's commands name the step they take back or bring back.
+    versioneMostrata_ = s_.Storia.Versione();
+    const std::string annulla = aperto ? s_.Storia.NomeAnnulla() : std::string();
+    const std::string ripristina = aperto ? s_.Storia.NomeRipristina() : std::string();
+    actAnnulla->setEnabled(!annulla.empty());
+    actAnnulla->setText(annulla.empty() ? QStringLiteral("Annulla") : QStringLiteral("Annulla: ") + Q(annulla));
+    actAnnulla->setToolTip(actAnnulla->text());
+    actRipristina->setEnabled(!ripristina.empty());
+    actRipristina->setText(ripristina.empty() ? QStringLiteral("Ripristina")
+                                              : QStringLiteral("Ripristina: ") + Q(ripristina));
+    actRipristina->setToolTip(actRipristina->text());
     actAutomatico->setChecked(s_.RicalcoloAutomatico != FALSO);
     actCursore->setChecked(s_.CursorLocked != FALSO);
     actDiametri->setChecked(aperto && doc_->DiametriBloccati());
@@ -346,7 +387,12 @@ void frmMainForm::ComboGasScelto(int indice) {
     const int g = indice + 1;
     if (g < 1 || g > a_.NumGas()) return;
     if (doc_) finestra_->TerminaModifica();
-    if (!modifica::ScegliGas(d_, a_, g, msg_)) {
+    bool scelto = false;
+    {
+        PassoModifica passo(s_.Storia, d_, "scelta del gas " + a_.Gas[static_cast<size_t>(g)].Nome);
+        scelto = modifica::ScegliGas(d_, a_, g, msg_);
+    }
+    if (!scelto) {
         AggiornaComboGas();
         return;
     }
@@ -471,6 +517,7 @@ void frmMainForm::SalvaMnu() {
     if (!doc_) return;
     finestra_->TerminaModifica();
     SalvaConNome(s_, d_.NomeFileProgetto, msg_, NomePerSalvare());
+    ControllaRecupero();
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
@@ -480,12 +527,96 @@ void frmMainForm::SaveAsMnu() {
     if (!doc_) return;
     finestra_->TerminaModifica();
     SalvaConNome(s_, "", msg_, NomePerSalvare());
+    ControllaRecupero();
     AggiornaTitolo();
     AggiornaMRU();
     AggiornaComandi();
 }
 
 void frmMainForm::EsciMnu() { close(); }
+
+// ---- Undo and redo ----
+
+void frmMainForm::AnnullaMnu() {
+    if (!doc_) return;
+    // A cell being edited is committed first: the undo then takes back that commit.
+    doc_->TerminaModifica();
+    if (!Annulla(s_)) return;
+    DopoStoria();
+}
+
+void frmMainForm::RipristinaMnu() {
+    if (!doc_) return;
+    doc_->TerminaModifica();
+    if (!Ripristina(s_)) return;
+    DopoStoria();
+}
+
+void frmMainForm::DopoStoria() {
+    // The inputs are back: the combos show them and the network is recalculated, as after the
+    // edit itself; the recalculation writes every row of the grid once (the grid keeps a row
+    // beyond the last section, and never shrinks while the window is open).
+    doc_->InitInitialPressureCombo();
+    doc_->InitDPMaxCombo();
+    ModelloTronchi* m = doc_->Modello();
+    if (m->Righe() < d_.NumTronchi() + 1) m->ImpostaRighe(d_.NumTronchi() + 1);
+    doc_->Elaborazione();
+    AggiornaComboGas();
+    AggiornaComandi();
+}
+
+// ---- Recovery of unsaved work ----
+
+namespace {
+
+double Secondi() {
+    static QElapsedTimer inizio = [] {
+        QElapsedTimer t;
+        t.start();
+        return t;
+    }();
+    return static_cast<double>(inizio.elapsed()) / 1000.0;
+}
+
+}  // namespace
+
+void frmMainForm::AttivaRecupero(const std::string& cartella) { recupero_ = std::make_unique<Recupero>(cartella); }
+
+void frmMainForm::ControllaRecupero() {
+    if (!recupero_) return;
+    // Without an open project nothing is unsaved (a project closed without saving leaves no copy).
+    if (!doc_) {
+        recupero_->RimuoviPropria();
+        return;
+    }
+    recupero_->Controlla(s_, Secondi());
+}
+
+bool frmMainForm::OffriRecupero() {
+    if (!recupero_) return false;
+    const auto copia = Recupero::Trova(recupero_->Cartella());
+    if (!copia) return false;
+    if (msg_.Mostra(Recupero::Domanda(*copia), Box::YESNO | Box::QUESTION, "Fornax") != Risposta::YES) {
+        recupero_->Rimuovi();
+        return false;
+    }
+    AvanzamentoAttesa av;
+    bool ok = false;
+    {
+        Attesa attesa;
+        ok = Recupero::Apri(s_, *copia, msg_, av);
+    }
+    if (!ok) {
+        // A copy that can't be read would be offered at every start.
+        recupero_->Rimuovi();
+        return false;
+    }
+    CreaDocumento();
+    AggiornaTitolo();
+    // The recovered work is at once this session's copy.
+    recupero_->Scrivi(s_);
+    return true;
+}
 
 void frmMainForm::closeEvent(QCloseEvent* e) {
     if (doc_) finestra_->TerminaModifica();
@@ -494,6 +625,8 @@ void frmMainForm::closeEvent(QCloseEvent* e) {
         return;
     }
     ChiudiDocumento();
+    // A normal end: nothing is left to recover.
+    if (recupero_) recupero_->Rimuovi();
     e->accept();
 }
 
@@ -556,6 +689,7 @@ void frmMainForm::ParametriMnu() {
     if (!doc_) return;
     finestra_->TerminaModifica();
     Parametri p(a_, d_, msg_, this);
+    p.Storia = &s_.Storia;
     p.GestioneGas = [this, &p] { ApriGestioneGas(&p); };
     if (p.exec() == QDialog::Accepted) DopoParametri();
 }
@@ -572,14 +706,22 @@ void frmMainForm::mnuEqLen() {
     if (f.exec() != QDialog::Accepted || !f.Salvato()) return;
     // The table in force changes only for a pressure network; an internal installation keeps
     // the built-in one.
-    if (modifica::AdottaSpeciali(d_, f.Tabella()) && doc_) finestra_->Elaborazione();
+    bool adottata = false;
+    {
+        PassoModifica passo(s_.Storia, d_, "tabella delle lunghezze equivalenti");
+        adottata = modifica::AdottaSpeciali(d_, f.Tabella());
+    }
+    if (adottata && doc_) finestra_->Elaborazione();
 }
 
 void frmMainForm::mnuPreferenze() {
     if (doc_) finestra_->TerminaModifica();
     frmPDC f(a_, d_, msg_, this);
     if (f.exec() != QDialog::Accepted) return;
-    modifica::AdottaPdc(d_, f.Tabella());
+    {
+        PassoModifica passo(s_.Storia, d_, "perdite di carico predefinite");
+        modifica::AdottaPdc(d_, f.Tabella());
+    }
     if (doc_) finestra_->Elaborazione();
 }
 
@@ -592,6 +734,7 @@ void frmMainForm::ApriGestioneGas(QWidget* padre) {
     frmGas f(a_, d_, msg_, padre);
     f.exec();
     if (doc_) {
+        PassoModifica passo(s_.Storia, d_, "gestione dei gas");
         if (DopoGestioneGas(d_, a_, f.Salvati(), msg_, f.Cancellati())) doc_->InitDPMaxCombo();
         if (s_.RicalcoloAutomatico != FALSO) {
             Attesa attesa;

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <array>
 #include <functional>
+#include <memory>
 
 #include "archives/Archivi.h"
 #include "core/Documento.h"
@@ -18,6 +19,11 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QStackedWidget;
+class QTimer;
+
+namespace fornax {
+class Recupero;
+}
 
 namespace fornax::ui {
 
@@ -68,6 +74,18 @@ public:
     // the fittings table of pressure networks is missing.
     bool NuovoProgetto(bool pressione);
 
+    // Menu "Modifica": undo and redo of the last edit, then the recalculation and the repaint.
+    void AnnullaMnu();
+    void RipristinaMnu();
+
+    // Keeps a recovery copy of unsaved work in `cartella` from now on (start-up turns it on;
+    // the widget tests leave it off). At start-up, a copy a crashed session left there is
+    // offered first: true when it was opened.
+    void AttivaRecupero(const std::string& cartella);
+    bool OffriRecupero();
+    // One turn of the recovery timer (the tests call it with their own clock).
+    void ControllaRecupero();
+
     // The end of start-up: the tip of the day, when the user keeps the tips at start.
     void SuggerimentiAllAvvio();
 
@@ -108,6 +126,8 @@ private:
     ChiediNomeFile NomePerSalvare();
     bool Chiedi();
     void DopoParametri();
+    // After an undo or a redo: the page shows the document again and recalculates.
+    void DopoStoria();
     // The gas editor over `padre`; then the gas lists, the project's gas and the calculation
     // follow the archive.
     void ApriGestioneGas(QWidget* padre);
@@ -152,6 +172,11 @@ private:
     QLabel* imgSwCompany = nullptr;
     QLabel* lblStato = nullptr;
     ComandiServizio* servizio_ = nullptr;  // archive and project copy, tips at start
+    QAction* actAnnulla = nullptr;
+    QAction* actRipristina = nullptr;
+    QTimer* orologio_ = nullptr;         // the recovery copy's turns, and the undo names
+    uint64_t versioneMostrata_ = ~0ull;  // the history's version the commands show
+    std::unique_ptr<Recupero> recupero_;
 };
 
 }  // namespace fornax::ui

@@ -1,5 +1,7 @@
 #include "editing/Modifiche.h"
 
+#include <algorithm>
+
 #include "archives/Materiali.h"
 #include "archives/Pdc.h"
 #include "archives/Speciali.h"
@@ -294,6 +296,39 @@ void ApplicaUtenza(Documento& d, int tronco, const EsitoUtenza& e) {
     if (e.composizione) t.ID_NOMEUTENZA = *e.composizione;
     if (d.ReteInPressione == 0) d.DpMax = 0.0;
     d.ReteModificata = VERO;
+}
+
+// ---- Names of the steps ----
+
+namespace {
+
+std::string Tronchi(int da, int a_) {
+    if (da == a_) return "del tronco " + std::to_string(da);
+    return "dei tronchi " + std::to_string(std::min(da, a_)) + "-" + std::to_string(std::max(da, a_));
+}
+
+}  // namespace
+
+std::string NomeCella(const ColonnaTabella& colonna, int da, int a_) {
+    // The heading's first line names the quantity; the second holds its unit ("m", "Pa").
+    auto testo = [](const std::string& t) { return Trim(t) == "." ? std::string() : Trim(t); };
+    std::string titolo = testo(colonna.Titolo1);
+    if (titolo.empty()) titolo = testo(colonna.Titolo2);
+    if (titolo.empty()) titolo = colonna.Chiave;
+    return (da == a_ ? "modifica della cella " : "modifica della colonna ") + titolo + " " + Tronchi(da, a_);
+}
+
+std::string NomeNuovoTronco(int tronco) { return "nuovo tronco " + std::to_string(tronco); }
+
+std::string NomeCancellazione(int tipo, int da, int a_) {
+    switch (tipo) {
+        case TipoCancellazione::SCOLLEGA:
+            return "scollegamento " + Tronchi(da, a_);
+        case TipoCancellazione::ELIMINA_E_COMPATTA:
+            return "eliminazione " + Tronchi(da, a_);
+        default:
+            return "cancellazione " + Tronchi(da, a_);
+    }
 }
 
 }  // namespace fornax::modifica

@@ -18,6 +18,7 @@
 #include "archives/Archivi.h"
 #include "core/Documento.h"
 #include "editing/Cancellazione.h"
+#include "editing/Cronologia.h"
 #include "editing/ModificheTenuta.h"
 #include "editing/ParametriTronco.h"
 #include "editing/RegoleGriglia.h"
@@ -160,6 +161,17 @@ void DefaultAllApertura(Documento& d, const Archivi& a);
 bool AdottaSpeciali(Documento& d, const std::array<TipoSpeciale, 11>& tabella);
 // The pressure-drop limits saved by their editor come into force in the open project.
 void AdottaPdc(Documento& d, const TabellaPdc& tabella);
+
+// ---- Names of the steps of the history (menu "Modifica": "Annulla: <name>") ----
+
+// "modifica della cella Lunghezza del tronco 4", "modifica della colonna Lunghezza dei tronchi
+// 3-7": the first line of the column's heading (the second holds the unit) for the rows
+// committed.
+std::string NomeCella(const ColonnaTabella& colonna, int da, int a_);
+// "nuovo tronco 5"
+std::string NomeNuovoTronco(int tronco);
+// "scollegamento del tronco 4", "eliminazione del tronco 4", "cancellazione dei tronchi 3-7"...
+std::string NomeCancellazione(int tipo, int da, int a_);
 
 }  // namespace modifica
 }  // namespace fornax

@@ -148,6 +148,7 @@ bool ApriProgettoDa(Sessione& s, FileTesto& f, const std::string& percorso, Mess
     s.d = std::move(*nuovo);
     NuovaPagina(s);
     ApriPaginaTenuta(s.d, s.a, s.PaginaTenuta, msg);
+    s.Storia.Svuota(s.d);
     return true;
 }
 
@@ -161,6 +162,7 @@ bool NuovoProgetto(Sessione& s, bool pressione, Messaggi& msg) {
     s.d.ReteInPressione = pressione ? VERO : FALSO;
     s.d.OrientamentoSorgente = pressione ? 1 : 0;
     NuovaPagina(s);
+    s.Storia.Svuota(s.d);
     return true;
 }
 
@@ -178,6 +180,20 @@ bool SalvaProgetto(Sessione& s, const std::string& percorso, Messaggi& msg) {
     s.PaginaTenuta = pagina;
     return true;
 }
+
+namespace {
+
+// A section selected on the schema that an undo took away is no longer selected.
+bool DopoStoria(Sessione& s, bool fatto) {
+    if (fatto && s.TroncoSelezionato > s.d.NumTronchi()) s.TroncoSelezionato = 0;
+    return fatto;
+}
+
+}  // namespace
+
+bool Annulla(Sessione& s) { return DopoStoria(s, s.Storia.Annulla(s.d)); }
+
+bool Ripristina(Sessione& s) { return DopoStoria(s, s.Storia.Ripristina(s.d)); }
 
 void Ricalcola(Sessione& s, Messaggi& msg) { CalcolaRete(s.d, s.a, *s.calcolo, msg); }
 
@@ -201,6 +217,7 @@ bool Salva(Sessione& s, const std::string& nome, Messaggi& msg, const ChiediNome
             d.NomeFileProgetto = nome;
             d.ReteModificata = FALSO;
             s.mru.AddItem(nome);
+            s.Storia.Salvato(d);
         }
     } else {
         const std::string scelto = chiediNome ? Trim(chiediNome()) : std::string();
@@ -228,6 +245,7 @@ bool ChiediSalvataggio(Sessione& s, Messaggi& msg, const ChiediNomeFile& chiediN
     }
     Reset(s.d.Equiv);
     AzzeraRete(s.d, s.a.Default);
+    s.Storia.Svuota(s.d);
     s.Titolo = "Fornax  - " + s.d.NomeFileProgetto;
     return true;
 }

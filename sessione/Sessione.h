@@ -14,6 +14,7 @@
 #include "calc/Calcolo.h"
 #include "core/Documento.h"
 #include "core/FileTesto.h"
+#include "editing/Cronologia.h"
 #include "leaktest/RegoleTenuta.h"
 #include "reports/Stampa.h"
 
@@ -69,10 +70,16 @@ struct Sessione {
     int16_t MostraSuggerimenti = FALSO;
     std::string Titolo = "Fornax";  // title of the main window
 
-    // Every edit of the document reaches it through the named functions of editing/; the undo
-    // history will record each one at that point, in this object, when it is built. Nothing is
-    // recorded yet.
+    // The history of the edits of `d`: every named edit of editing/ runs inside a step of it
+    // (PassoModifica). Opening, making or closing a project starts it afresh; saving marks
+    // the saved point.
+    Cronologia Storia;
 };
+
+// Undo and redo of the last step (the history's), false when there is none. The window
+// recalculates and repaints afterwards, as after any edit.
+bool Annulla(Sessione& s);
+bool Ripristina(Sessione& s);
 
 // Sets the zoom level, held to ZOOM_MINIMO..ZOOM_MASSIMO; returns the level in force.
 int ImpostaZoom(Sessione& s, int livello);

@@ -256,6 +256,7 @@ void Parametri::Command1() {
     v.edizione1992 = optNormativa0->isChecked();
     v.velocitaMassima = S(txtVelocita->text());
     v.indiceGas = indiceGas_;
+    PassoModifica passo(Storia, d_, "parametri di progetto");
     if (!modifica::ImpostaParametri(d_, a_, v, msg_)) return;
     accept();
 }

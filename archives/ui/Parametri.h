@@ -18,7 +18,8 @@ class QPushButton;
 
 namespace fornax {
 class Messaggi;
-}
+class Cronologia;
+}  // namespace fornax
 
 namespace fornax::ui {
 
@@ -39,6 +40,9 @@ public:
     // "Gestione gas ->": opens the gas editor. The main frame puts its own opening here, so
     // that its lists and the project follow the archive; without one the editor opens alone.
     std::function<void()> GestioneGas;
+
+    // The history the OK's edit is recorded in (the session's); none in the dialog's own tests.
+    Cronologia* Storia = nullptr;
 
 protected:
     bool eventFilter(QObject* o, QEvent* e) override;

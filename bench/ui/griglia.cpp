@@ -7,6 +7,7 @@
 #include <QTest>
 #include <algorithm>
 
+#include "app/frmMainForm.h"
 #include "archives/Speciali.h"
 #include "documento/Progetto.h"
 #include "editing/ui/GasGrid.h"
@@ -39,6 +40,7 @@ class BenchGriglia : public QObject {
 
 private slots:
     void apriReteDi400TronchiERiempireLaGriglia();
+    void annullaERipristinaSu400Tronchi();
 };
 
 void BenchGriglia::apriReteDi400TronchiERiempireLaGriglia() {
@@ -79,6 +81,52 @@ void BenchGriglia::apriReteDi400TronchiERiempireLaGriglia() {
     }
     qInfo("400 tronchi: apertura e griglia %.1f ms, conferma con ricalcolo e ridisegno %.1f ms", apertura / 1000.0,
           conferma / 1000.0);
+}
+
+// An undo and a redo through the main frame's menu commands, each with its recalculation and
+// the repaint of the grid, after cell commits on a table of 400 sections.
+void BenchGriglia::annullaERipristinaSu400Tronchi() {
+    auto amb = prova::NuovoAmbiente();
+    const std::string percorso = Progetto400(*amb);
+    QVERIFY(!percorso.empty());
+    frmMainForm form(amb->s, amb->msg);
+    form.resize(1300, 800);
+    form.show();
+    QVERIFY(form.ApriPercorso(QString::fromStdString(percorso)));
+    GasGrid* g = form.Griglia();
+    QVERIFY(g != nullptr);
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    auto* annulla = form.findChild<QAction*>(QStringLiteral("AnnullaMnu"));
+    auto* ripristina = form.findChild<QAction*>(QStringLiteral("RipristinaMnu"));
+    QVERIFY(annulla && ripristina);
+    for (int k = 0; k < 5; ++k) {
+        g->VaiA(300 + k, g->Modello()->ColonnaDi(Id::ID_LEN));
+        g->GridEditing(QString::number(k + 2));
+        QTest::keyClick(g->EditorTesto(), Qt::Key_Return);
+    }
+    qint64 peggiore = 0;
+    qint64 migliore = std::numeric_limits<qint64>::max();
+    qint64 somma = 0;
+    int n = 0;
+    for (int giro = 0; giro < 4; ++giro) {
+        for (QAction* act : {annulla, annulla, annulla, ripristina, ripristina, ripristina}) {
+            QElapsedTimer t;
+            t.start();
+            act->trigger();
+            g->Griglia()->viewport()->repaint();
+            const qint64 us = t.nsecsElapsed() / 1000;
+            peggiore = std::max(peggiore, us);
+            migliore = std::min(migliore, us);
+            somma += us;
+            ++n;
+        }
+    }
+    QCOMPARE(amb->d.T(304).ID_LEN, 6.0f);
+    qInfo(
+        "400 tronchi: annulla o ripristina con ricalcolo e ridisegno: migliore %.1f ms, media %.1f ms, peggiore %.1f "
+        "ms",
+        migliore / 1000.0, somma / 1000.0 / n, peggiore / 1000.0);
+    amb->d.ReteModificata = FALSO;
 }
 
 QTEST_MAIN(BenchGriglia)

@@ -52,6 +52,7 @@ std::optional<modifica::EsitoUtenza> ChiediUtenza(QWidget* padre, const Sessione
 bool ApriDialogoUtenza(QWidget* padre, Sessione& s, Messaggi&, int tronco) {
     const std::optional<modifica::EsitoUtenza> e = ChiediUtenza(padre, s, tronco);
     if (!e) return false;
+    PassoModifica passo(s.Storia, s.d, "utenza del tronco " + std::to_string(tronco));
     modifica::ApplicaUtenza(s.d, tronco, *e);
     return true;
 }

@@ -303,6 +303,7 @@ void GasGrid::ScriviTutte() {
 void GasGrid::NuovaRiga() {
     if (d_.NumTronchi() >= MAX_TRONCHI) return;
     modello_->ImpostaRighe(modello_->Righe() + 1);
+    PassoModifica passo(s_.Storia, d_, modifica::NomeNuovoTronco(d_.NumTronchi() + 1));
     ScriviRiga(modifica::AggiungiRiga(d_));
 }
 
@@ -376,7 +377,10 @@ void GasGrid::Rescale() {
 
 void GasGrid::BloccaDiametri(bool bloccati) {
     TerminaModifica();
-    modifica::BloccaDiametri(d_, bloccati);
+    {
+        PassoModifica passo(s_.Storia, d_, bloccati ? "blocco di tutti i diametri" : "sblocco di tutti i diametri");
+        modifica::BloccaDiametri(d_, bloccati);
+    }
     Elaborazione();
 }
 
@@ -456,6 +460,10 @@ void GasGrid::SelectItemInDpMaxList() {
 
 void GasGrid::ApplicaPressione(QComboBox* combo) {
     const std::string testo = S(combo->currentText());
+    PassoModifica passo(s_.Storia, d_,
+                        combo == ComboInitPres    ? "modifica della pressione iniziale"
+                        : combo == ComboFinalPres ? "modifica della pressione finale"
+                                                  : "modifica della perdita di carico imposta");
     if (combo == ComboInitPres) {
         if (!modifica::ScegliPressioneIniziale(d_, a_, testo)) return;
         SelectItemInInitialPressureList();

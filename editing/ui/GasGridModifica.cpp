@@ -398,7 +398,8 @@ void GasGrid::Avanza() {
     if (prossima == 0) {
         if (modello_->Righe() < d_.NumTronchi() + 1) {
             NuovaRiga();
-        } else {
+        } else if (r > d_.NumTronchi()) {
+            PassoModifica passo(s_.Storia, d_, modifica::NomeNuovoTronco(r));
             modifica::AccogliRiga(d_, r);
         }
         if (s_.CursorLocked == FALSO) {
@@ -467,6 +468,7 @@ void GasGrid::ChiudiMateriale(bool avanza) {
     modificaMateriale_ = false;
     if (!scritto) return;
     if (materiale >= 1) {
+        PassoModifica passo(s_.Storia, d_, modifica::NomeCella(modello_->Colonna(Col()), da, a));
         modifica::ScegliMateriale(d_, a_, da, a, materiale);
         for (int r = da; r <= a; ++r) ScriviRiga(r);
     }
@@ -493,6 +495,7 @@ void GasGrid::ConfermaCella(int riga, int colonna) {
     EsitoConferma esito;
     {
         Blocco b(bloccoFuoco_);
+        PassoModifica passo(s_.Storia, d_, modifica::NomeCella(c, da, a));
         esito = modifica::ConfermaCella(d_, a_, da, a, c.Id, testo, msg_, [this](int materiale) {
             return S(ViewDiametriFrm::Scegli(this, a_, materiale));
         });
@@ -628,6 +631,7 @@ void GasGrid::ConfermaCancellazione(int tronco) {
                             ResetGrid();
                             Elaborazione();
                         }};
+    PassoModifica passo(s_.Storia, d_, modifica::NomeCancellazione(f.TipoCancellazione, tronco, tronco));
     modifica::CancellaSezione(d_, tronco, f.TipoCancellazione, msg_, rinfresco);
     TroncoSelezionato = 0;
 }
@@ -653,7 +657,10 @@ void GasGrid::DeleteKeyGrid() {
                             ResetGrid();
                             Elaborazione();
                         }};
-    modifica::CancellaRighe(d_, da, a, f.TipoCancellazione, rinfresco);
+    {
+        PassoModifica passo(s_.Storia, d_, modifica::NomeCancellazione(f.TipoCancellazione, da, a));
+        modifica::CancellaRighe(d_, da, a, f.TipoCancellazione, rinfresco);
+    }
     QApplication::restoreOverrideCursor();
     TroncoSelezionato = 0;
 }

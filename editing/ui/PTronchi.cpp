@@ -343,7 +343,12 @@ void PTronchi::Command1Click() {
     const bool multipla = selezione_.size() > 1;
     if (multipla && msg_.Mostra(DOMANDA_MULTIPLA, Box::YESNO | Box::QUESTION) != Risposta::YES) return;
     const std::vector<int> tronchi = multipla ? selezione_ : std::vector<int>{tronco_};
-    modifica::ApplicaParametriTronco(s_.d, s_.a, tronchi, Valori(), multipla ? &campi_ : nullptr);
+    {
+        PassoModifica passo(
+            s_.Storia, s_.d,
+            multipla ? "parametri dei tronchi selezionati" : "parametri del tronco " + std::to_string(tronco_));
+        modifica::ApplicaParametriTronco(s_.d, s_.a, tronchi, Valori(), multipla ? &campi_ : nullptr);
+    }
     fatto_ = true;
     accept();
 }

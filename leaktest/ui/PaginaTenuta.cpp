@@ -303,6 +303,7 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
             c->setObjectName(QLatin1String(nomi[i]));
             cause_[static_cast<size_t>(i)] = c;
             connect(c, &QCheckBox::clicked, this, [this, i](bool segnata) {
+                PassoModifica passo(s_.Storia, s_.d, "causa dell'intervento nella verifica di tenuta");
                 modifica::SegnaCausaIntervento(s_.d, i + 1, segnata);
                 Mostra();
             });
@@ -377,6 +378,7 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
             v->addWidget(metodo_[static_cast<size_t>(m)]);
             connect(metodo_[static_cast<size_t>(m)], &QRadioButton::clicked, this, [this, m] {
                 TenutaImpiantoUpdateInternalData();
+                PassoModifica passo(s_.Storia, s_.d, "metodo della prova di tenuta");
                 modifica::ScegliMetodoProva(s_.d, m);
                 TenutaImpiantoRefresh();
             });
@@ -420,6 +422,7 @@ QWidget* PaginaTenuta::CostruisciCorpo() {
             h->addWidget(dispositivo_[static_cast<size_t>(k)]);
             connect(dispositivo_[static_cast<size_t>(k)], &QRadioButton::clicked, this, [this, k] {
                 TenutaImpiantoUpdateInternalData();
+                PassoModifica passo(s_.Storia, s_.d, "dispositivo di intercettazione");
                 modifica::ScegliDispositivoIntercettazione(s_.d, k);
                 TenutaImpiantoRefresh();
             });
@@ -463,7 +466,11 @@ bool PaginaTenuta::Conferma(int campo) {
     const size_t c = static_cast<size_t>(campo);
     if (!digitato_[c] || !campi_[c]) return false;
     digitato_[c] = false;
-    const bool cambiato = modifica::ScriviCampoTenuta(s_.d, campo, S(campi_[c]->text()));
+    bool cambiato = false;
+    {
+        PassoModifica passo(s_.Storia, s_.d, "campo della verifica di tenuta");
+        cambiato = modifica::ScriviCampoTenuta(s_.d, campo, S(campi_[c]->text()));
+    }
     // A count shows the number it was read as.
     if (CampoTenutaIntero(campo)) {
         const QString t = Q(TestoCampoTenuta(s_.d.Tenuta, campo));

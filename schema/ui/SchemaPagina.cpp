@@ -321,7 +321,10 @@ void SchemaPagina::CancellaSelezionato() {
     const int tipo = ChiediTipoCancellazione ? ChiediTipoCancellazione() : 0;
     if (tipo == 0) return;
     Rinfresco r{[this] { emit richiestaElaborazione(); }, [this] { emit richiestaElaborazione(); }};
-    modifica::CancellaTroncoSchema(s_.d, tronco, tipo, msg_, r);
+    {
+        PassoModifica passo(s_.Storia, s_.d, modifica::NomeCancellazione(tipo, tronco, tronco));
+        modifica::CancellaTroncoSchema(s_.d, tronco, tipo, msg_, r);
+    }
     stato_->TroncoSelezionato = 0;
     s_.TroncoSelezionato = 0;
     Ridisegna();
@@ -369,7 +372,12 @@ void SchemaPagina::Rilasciato(QPointF p, Qt::MouseButton b) {
         ManigliaTrascinata = 0;
         stato_->Elastico = ElasticoTronco{};
         picDisplay_->setCursor(Qt::ArrowCursor);
-        if (modifica::AllungaTronco(s_.d, *stato_, tronco, t.x(), t.y(), TagManiglia))
+        bool allungato = false;
+        {
+            PassoModifica passo(s_.Storia, s_.d, "lunghezza disegnata del tronco " + std::to_string(tronco));
+            allungato = modifica::AllungaTronco(s_.d, *stato_, tronco, t.x(), t.y(), TagManiglia);
+        }
+        if (allungato)
             emit richiestaElaborazione();
         else
             Ridisegna();
@@ -399,8 +407,10 @@ void SchemaPagina::DoppioClick(QPointF p) {
             ApriParametriTronco(a.tronco);
             emit richiestaElaborazione();
             return;
-        case AzioneDoppioClick::Tipo::Sorgente:
+        case AzioneDoppioClick::Tipo::Sorgente: {
+            PassoModifica passo(s_.Storia, s_.d, "rotazione della sorgente");
             modifica::RuotaSorgente(s_.d);
+        }
             emit richiestaElaborazione();
             return;
         case AzioneDoppioClick::Tipo::Nessuna:
@@ -432,14 +442,19 @@ void SchemaPagina::Rilascia(QPointF p, const std::string& tag) {
         case AzioneDrop::Tipo::Nessuna:
             Ridisegna();
             return;
-        case AzioneDrop::Tipo::NuovoTronco:
+        case AzioneDrop::Tipo::NuovoTronco: {
+            PassoModifica passo(s_.Storia, s_.d, modifica::NomeNuovoTronco(s_.d.NumTronchi() + 1));
             modifica::AggiungiTroncoDaSchema(s_.d, s_.a, a, msg_);
+        }
             emit richiestaElaborazione();
             return;
-        case AzioneDrop::Tipo::Utenza:
+        case AzioneDrop::Tipo::Utenza: {
+            // The kind set by the drop and the values of its dialog are one step.
+            PassoModifica passo(s_.Storia, s_.d, "utenza del tronco " + std::to_string(a.tronco));
             modifica::ImpostaUtenzaDaSchema(s_.d, a);
             richiesta_ = {a.tronco, a.dialogo, true};
             if (ApriUtenza) ApriUtenza(a.tronco);
+        }
             emit richiestaElaborazione();
             return;
     }
