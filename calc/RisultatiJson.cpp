@@ -8,18 +8,11 @@
 #include "archives/Pdc.h"
 #include "calc/Computo.h"
 #include "calc/Verifica.h"
+#include "core/Json.h"
 
 namespace fornax {
 
 namespace {
-
-template <typename T>
-std::string Breve(T v) {
-    if (!std::isfinite(v)) return "null";
-    char testo[64];
-    const auto fine = std::to_chars(testo, testo + sizeof testo, v);
-    return std::string(testo, fine.ptr);
-}
 
 const char* Booleano(int16_t v) { return v != 0 ? "true" : "false"; }
 
@@ -45,41 +38,6 @@ private:
 };
 
 }  // namespace
-
-std::string NumeroJson(float v) { return Breve(v); }
-std::string NumeroJson(double v) { return Breve(v); }
-
-std::string TestoJson(const std::string& s) {
-    std::string out = "\"";
-    for (unsigned char c : s) {
-        switch (c) {
-            case '"':
-                out += "\\\"";
-                break;
-            case '\\':
-                out += "\\\\";
-                break;
-            case '\n':
-                out += "\\n";
-                break;
-            case '\r':
-                out += "\\r";
-                break;
-            case '\t':
-                out += "\\t";
-                break;
-            default:
-                if (c < 0x20) {
-                    char u[8];
-                    std::snprintf(u, sizeof u, "\\u%04x", c);
-                    out += u;
-                } else {
-                    out += static_cast<char>(c);
-                }
-        }
-    }
-    return out + "\"";
-}
 
 std::string RisultatiJson(const Documento& d, const Archivi& a) {
     const ComputoTubi computo = CalcolaComputo(d, a);

@@ -16,10 +16,4 @@ namespace fornax {
 // and the capacity of the pipes.
 std::string RisultatiJson(const Documento& d, const Archivi& a);
 
-// A number as JSON: the shortest text of its own width; null when not finite.
-std::string NumeroJson(float v);
-std::string NumeroJson(double v);
-// A string as JSON, quoted and escaped.
-std::string TestoJson(const std::string& s);
-
 }  // namespace fornax

@@ -1,6 +1,6 @@
 #include "leaktest/TenutaJson.h"
 
-#include "calc/RisultatiJson.h"
+#include "core/Json.h"
 #include "leaktest/CampiTenuta.h"
 
 namespace fornax {

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "core/Json.h"
 #include "core/Numeri.h"
 
 namespace fornax::schema {
@@ -9,38 +10,6 @@ namespace fornax::schema {
 namespace {
 
 std::string N(int32_t v) { return std::to_string(v); }
-
-std::string TestoJson(const std::string& s) {
-    std::string out = "\"";
-    for (unsigned char c : s) {
-        switch (c) {
-            case '"':
-                out += "\\\"";
-                break;
-            case '\\':
-                out += "\\\\";
-                break;
-            case '\n':
-                out += "\\n";
-                break;
-            case '\r':
-                out += "\\r";
-                break;
-            case '\t':
-                out += "\\t";
-                break;
-            default:
-                if (c < 0x20) {
-                    char u[8];
-                    std::snprintf(u, sizeof u, "\\u%04x", c);
-                    out += u;
-                } else {
-                    out += static_cast<char>(c);
-                }
-        }
-    }
-    return out + "\"";
-}
 
 template <typename T, typename F>
 std::string Elenco(const std::vector<T>& voci, F voce) {
