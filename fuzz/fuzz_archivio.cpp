@@ -47,6 +47,17 @@ const char* NomeFile() {
 }
 
 // Reads the file into `a` and uses it; true when the program would write it back.
+// The tables a project puts in force (fittings of a pressure network, pressure-drop limits),
+// read from the archive under test as the desktop reads them.
+TabellaSpeciali& Speciali() {
+    static TabellaSpeciali t;
+    return t;
+}
+TabellaPdc& Pdc() {
+    static TabellaPdc t;
+    return t;
+}
+
 bool Carica(Archivi& a, MessaggiRegistrati& msg) {
     AvanzamentoNullo av;
     switch (QUESTO) {
@@ -64,14 +75,16 @@ bool Carica(Archivi& a, MessaggiRegistrati& msg) {
             for (const RigaDiametro& r : a.Materiali[1].Righe) (void)DiametroInterno(a, 1, r.DN);
             return true;
         case EQLEN:
-            if (!CaricaSpecialiPressione(a, msg)) return false;
+            Speciali() = TabellaSpeciali{};
+            if (!CaricaSpecialiPressione(Speciali(), a.Cartella, msg)) return false;
             for (int tipo = 0; tipo <= 11; ++tipo)
                 for (float diametro : {-1.0f, 0.0f, 20.0f, 60.0f, 100.0f, 1e30f})
-                    (void)LunghezzaPressione(a, tipo, diametro);
+                    (void)LunghezzaPressione(Speciali(), tipo, diametro);
             return true;
         case PDCMAX:
-            CaricaPdc(a, 0, msg);
-            VerificaDefaultPdc(a);
+            Pdc() = TabellaPdc{};
+            CaricaPdc(Pdc(), a.Cartella, 0, msg);
+            VerificaDefaultPdc(Pdc());
             return true;
         case DEFAULTVALUE:
             LeggiDefault(a, msg);
@@ -93,9 +106,9 @@ bool Salva(Archivi& a, MessaggiRegistrati& msg) {
         case MATERIALE:
             return SalvaMateriale(a, 1, msg);
         case EQLEN:
-            return SalvaSpeciali(a, msg);
+            return SalvaSpeciali(Speciali(), a.Cartella, msg);
         case PDCMAX:
-            return SalvaPdc(a, msg);
+            return SalvaPdc(Pdc(), a.Cartella, msg);
         case DEFAULTVALUE:
             return putDefaultValueInFile(a, msg);
         default:

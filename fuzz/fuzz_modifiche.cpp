@@ -17,10 +17,10 @@
 #include "core/Numeri.h"
 #include "core/ServiziProva.h"
 #include "documento/Progetto.h"
-#include "sessione/Sessione.h"
 #include "editing/Cancellazione.h"
 #include "editing/RegoleGriglia.h"
 #include "fuzz/Ambiente.h"
+#include "sessione/Sessione.h"
 
 using namespace fornax;
 
@@ -111,7 +111,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     static const auto d = std::make_unique<Documento>();
     *d = *amb.progetti[in.ConsumeIntegralInRange<size_t>(0, amb.progetti.size() - 1)];
     Archivi& a = amb.a;
-    a.Equiv = amb.base.Equiv;
     MessaggiRegistrati msg;
     const auto ricalcola = [&] {
         MessaggiRegistrati m;

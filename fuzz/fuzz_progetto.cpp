@@ -16,25 +16,19 @@ using namespace fornax;
 
 namespace {
 
-// The archives are loaded once; what reading a project changes in them (the fittings of its
-// kind of network, the limits of its norm edition, the substitutions of unknown names) is put
-// back before each input, so that every input meets the same archives and a fault reproduces.
+// The archives are loaded once and only read from then on: what a project swaps in (the
+// fittings of its kind of network, the limits of its norm edition, the substitutions of unknown
+// names) belongs to its document, which is blanked before each input, so that every input meets
+// the same archives and a fault reproduces.
 struct Ambiente {
     std::string cartella = fuzz::CartellaLavoro("progetto");
     Archivi a;
-    Archivi base;
     Ambiente() {
         fuzz::CopiaArchivi(cartella);
         Documento d;
         MessaggiRegistrati msg;
         AvanzamentoNullo av;
         CaricaArchivi(a, d, cartella, av, msg, false);
-        base = a;
-    }
-    void Ripristina() {
-        a.Speciali = base.Speciali;
-        a.Pdc = base.Pdc;
-        a.Equiv = base.Equiv;
     }
 };
 
@@ -44,7 +38,6 @@ bool Carica(Ambiente& amb, Documento& d, std::string_view byte) {
     AvanzamentoNullo av;
     FileTesto f;
     f.ApriDaTesto(byte);
-    amb.Ripristina();
     return LeggiProgettoDa(f, d, amb.a, "fuzz.RTG", msg, av);
 }
 
