@@ -545,8 +545,9 @@ void PaginaTenuta::Mostra() {
     erroreCdp_->setVisible(!st.erroreCdp.empty());
 
     corpo_->setEnabled(st.abilitata);
-    // Above 25 litres the pressure-drop method isn't allowed; the meter stays available, so
-    // that a large installation can still be tested and found suitable.
+    // Above 25 litres the choice of the method is closed with the pressure-drop method, as the
+    // rules of the record say; a method already recorded keeps its frame.
+    frameMetodologia_->setEnabled(st.metodoCdpDisponibile);
     metodo_[2]->setEnabled(st.metodoCdpDisponibile);
     frameContatore_->setEnabled(MetodoAperto(r, 1));
     frameCdp_->setEnabled(MetodoAperto(r, 2));

@@ -237,7 +237,7 @@ private slots:
         QCOMPARE(totale->text(), QStringLiteral("25.1"));
         QVERIFY(!O("optTenutaImpiantoMetodoCDP")->isEnabled());
         QVERIFY(!O("optTenutaImpiantoMetodoCDP")->isChecked());
-        QVERIFY(O("optTenutaImpiantoMetodoContatore")->isEnabled());     // the meter is still there
+        QVERIFY(!Figlio<QGroupBox>(p.get(), "FrameTenutaImpiantoMetodologia")->isEnabled());
         QVERIFY(O("optTenutaImpiantoMetodoCDP")->autoFillBackground());  // no method: pale yellow
         QCOMPARE(E(CampoTenuta::CDP_PPROVA)->text(), QStringLiteral("0"));
         QCOMPARE(E(CampoTenuta::CDP_CDP)->text(), QStringLiteral("0"));
