@@ -163,8 +163,10 @@ int ScriviFileSicuro(const std::string& percorso, std::string_view byte) {
         const std::string proc = "/proc/self/fd/" + std::to_string(fd);
         if (::linkat(AT_FDCWD, proc.c_str(), AT_FDCWD, temporaneo.c_str(), AT_SYMLINK_FOLLOW) != 0) errore = errno;
     }
-    if (::close(fd) != 0 && errore == 0) errore = errno;
+    // The name and the rename follow each other at once: only a kill between these two calls can
+    // leave the (complete) temporary behind, and the next save clears it.
     if (errore == 0 && ::rename(temporaneo.c_str(), percorso.c_str()) != 0) errore = errno;
+    if (::close(fd) != 0 && errore == 0) errore = errno;
     if (errore != 0) {
         ::unlink(temporaneo.c_str());
         return errore;

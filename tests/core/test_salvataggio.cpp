@@ -184,7 +184,15 @@ TEST(Salvataggio, ProgrammaUccisoDuranteIlSalvataggio) {
         } else {
             EXPECT_TRUE(ora == vecchio || ora == Utf8ACp1252(nuovo.Contenuto())) << "delay " << ritardoMs;
         }
-        EXPECT_EQ(Contenuto(dir.Percorso()), std::vector<std::string>{"casa.RTG"}) << "delay " << ritardoMs;
+        // A kill between naming the finished temporary and renaming it (two system calls in a
+        // row) can leave that temporary, whole; anything else leaves the folder as it was.
+        std::vector<std::string> resto = Contenuto(dir.Percorso());
+        if (resto.size() == 2 && resto[1] == "casa.RTG.fornax-tmp") {
+            EXPECT_EQ(dir.LeggiByte("casa.RTG.fornax-tmp"), Utf8ACp1252(nuovo.Contenuto())) << "delay " << ritardoMs;
+            fs::remove(dir.Percorso("casa.RTG.fornax-tmp"));
+            resto.pop_back();
+        }
+        EXPECT_EQ(resto, std::vector<std::string>{"casa.RTG"}) << "delay " << ritardoMs;
     }
     // A temporary left by a save cut off between naming and renaming is cleared by the next save.
     dir.ScriviByte("casa.RTG.fornax-tmp", "resto");
