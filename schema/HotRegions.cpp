@@ -88,26 +88,26 @@ int clsHotRegions::Nuova() {
     return 0;
 }
 
-void clsHotRegions::AddCircle(int32_t x, int32_t y, int32_t raggio, int16_t indice, const std::string& tag) {
+void clsHotRegions::Inserisci(const Regione& r) {
     const int p = Nuova();
-    if (p == 0) return;
-    Regione& r = tabella_[static_cast<size_t>(p)];
-    r = Regione{};
+    if (p != 0) tabella_[static_cast<size_t>(p)] = r;
+}
+
+void clsHotRegions::AddCircle(int32_t x, int32_t y, int32_t raggio, int16_t indice, const std::string& tag) {
+    Regione r;
     r.Tipo = TipoRegione::CERCHIO;
     r.X1 = x;
     r.Y1 = y;
     r.Raggio = raggio;
     r.Indice = indice;
     r.Tag = tag;
+    Inserisci(r);
 }
 
 void clsHotRegions::AddRectangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int16_t indice,
                                  const std::string& tag) {
     if (SearchIndex(indice, tag) > 0) return;
-    const int p = Nuova();
-    if (p == 0) return;
-    Regione& r = tabella_[static_cast<size_t>(p)];
-    r = Regione{};
+    Regione r;
     r.Tipo = TipoRegione::RETTANGOLO;
     r.X1 = x1;
     r.Y1 = y1;
@@ -115,15 +115,13 @@ void clsHotRegions::AddRectangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2,
     r.Y2 = y2;
     r.Indice = indice;
     r.Tag = tag;
+    Inserisci(r);
 }
 
 void clsHotRegions::AddCustomRectangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t x3, int32_t y3,
                                        int32_t x4, int32_t y4, int16_t indice, const std::string& tag) {
     if (SearchIndex(indice, tag) > 0) return;
-    const int p = Nuova();
-    if (p == 0) return;
-    Regione& r = tabella_[static_cast<size_t>(p)];
-    r = Regione{};
+    Regione r;
     r.Tipo = TipoRegione::RETTANGOLO_LIBERO;
     r.X1 = x1;
     r.Y1 = y1;
@@ -135,15 +133,13 @@ void clsHotRegions::AddCustomRectangle(int32_t x1, int32_t y1, int32_t x2, int32
     r.Y4 = y4;
     r.Indice = indice;
     r.Tag = tag;
+    Inserisci(r);
 }
 
 void clsHotRegions::AddTriangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t vx, int32_t vy, int16_t indice,
                                 const std::string& tag) {
     if (SearchIndex(indice, tag) > 0) return;
-    const int p = Nuova();
-    if (p == 0) return;
-    Regione& r = tabella_[static_cast<size_t>(p)];
-    r = Regione{};
+    Regione r;
     r.Tipo = TipoRegione::TRIANGOLO;
     r.X1 = x1;
     r.Y1 = y1;
@@ -153,6 +149,7 @@ void clsHotRegions::AddTriangle(int32_t x1, int32_t y1, int32_t x2, int32_t y2, 
     r.VerticeY = vy;
     r.Indice = indice;
     r.Tag = tag;
+    Inserisci(r);
 }
 
 int16_t clsHotRegions::GetIndex(int posizione) const {

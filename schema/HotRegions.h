@@ -72,6 +72,8 @@ public:
 private:
     // Raises the count and returns the position to fill, or 0 (with the message) when full.
     int Nuova();
+    // The region in a new place of the table (nothing when the table is full).
+    void Inserisci(const Regione& r);
 
     std::array<Regione, LIMITE + 1> tabella_{};
     int16_t conteggio_ = 0;

@@ -16,7 +16,7 @@
 #include "core/ServiziProva.h"
 #include "documento/Progetto.h"
 #include "sessione/Sessione.h"
-#include "tests/comune/EseguiComando.h"
+#include "tests/comune/BancoCli.h"
 
 using namespace fornax;
 using fornax::prova::CartellaProva;
@@ -25,19 +25,8 @@ using EsitoComando = fornax::prova::Esito;
 
 namespace {
 
-struct Pdf : ::testing::Test {
-    CartellaProva dir{"pdf"};
-    CartellaProva dati{"pdf-dati"};
-    CartellaProva config{"pdf-config"};
-
-    void SetUp() override { dati.CopiaDa(FORNAX_BUILD_DATA_DIR); }
-
-    EsitoComando Esegui(const std::string& argomenti) {
-        return EseguiComando("XDG_CONFIG_HOME='" + config.Percorso() + "' '" + FORNAX_CLI + "' --data '" +
-                                 dati.Percorso() + "' " + argomenti,
-                             dir.Percorso("stderr.txt"));
-    }
-    EsitoComando Shell(const std::string& comando) { return EseguiComando(comando, dir.Percorso("stderr-shell.txt")); }
+struct Pdf : fornax::prova::BancoCli {
+    Pdf() : BancoCli("pdf") {}
 
     // The words of the PDF's text.
     std::set<std::string> Parole(const std::string& pdf) {

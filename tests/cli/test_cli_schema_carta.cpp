@@ -9,7 +9,7 @@
 #include <regex>
 #include <string>
 
-#include "tests/comune/EseguiComando.h"
+#include "tests/comune/BancoCli.h"
 
 using fornax::prova::CartellaProva;
 using fornax::prova::EseguiComando;
@@ -17,22 +17,8 @@ using EsitoComando = fornax::prova::Esito;
 
 namespace {
 
-struct SchemaCarta : ::testing::Test {
-    CartellaProva dir{"schema-carta"};
-    CartellaProva dati{"schema-carta-dati"};
-    CartellaProva config{"schema-carta-config"};
-
-    void SetUp() override { dati.CopiaDa(FORNAX_BUILD_DATA_DIR); }
-
-    EsitoComando Esegui(const std::string& argomenti) {
-        return EseguiComando("XDG_CONFIG_HOME='" + config.Percorso() + "' '" + FORNAX_CLI + "' --data '" +
-                                 dati.Percorso() + "' " + argomenti,
-                             dir.Percorso("stderr.txt"));
-    }
-    EsitoComando Shell(const std::string& comando) { return EseguiComando(comando, dir.Percorso("stderr-shell.txt")); }
-    static std::string Esempio(const std::string& nome) {
-        return "'" + std::string(FORNAX_SOURCE_DIR) + "/data/esempi/" + nome + "'";
-    }
+struct SchemaCarta : fornax::prova::BancoCli {
+    SchemaCarta() : BancoCli("schema-carta") {}
 };
 
 uint32_t Le32(const std::string& s, size_t at) {
