@@ -12,7 +12,9 @@ void Chiama(const std::function<void()>& f) {
     if (f) f();
 }
 
-bool Valida(int tronco) { return tronco >= 1 && tronco <= MAX_TRONCHI; }
+// Only the table's sections can be deleted: a record beyond its count is not part of the
+// document, and the parent it may still name is a section of the table that doesn't derive it.
+bool Valida(const Documento& d, int tronco) { return tronco >= 1 && tronco <= d.NumTronchi(); }
 
 // Unlinked, not deleted: the record stays in the grid with parent 0 and its branch below it,
 // and it is neither swept by CompattaRete nor free for reuse.
@@ -32,7 +34,7 @@ void TagliaECompatta(Documento& d, const Rinfresco& r) {
 }  // namespace
 
 bool CancellaSezione(Documento& d, int tronco, int tipo, Messaggi& msg, const Rinfresco& r) {
-    if (!Valida(tronco)) return false;
+    if (!Valida(d, tronco)) return false;
     switch (tipo) {
         case TipoCancellazione::CANCELLA:
             CancellaRamo(d, static_cast<int16_t>(tronco));
@@ -59,6 +61,8 @@ void CancellaRighe(Documento& d, int da, int a, int tipo, const Rinfresco& r) {
     const int primo = std::max(1, std::min(da, a));
     const int ultimo = std::min(MAX_TRONCHI, std::max(da, a));
     for (int riga = primo; riga <= ultimo; ++riga) {
+        // The first row taken away empties the table: the rows after it are no longer part of it.
+        if (!Valida(d, riga)) break;
         switch (tipo) {
             case TipoCancellazione::CANCELLA:
                 CancellaRamo(d, static_cast<int16_t>(riga));

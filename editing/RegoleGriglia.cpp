@@ -30,6 +30,22 @@ bool TuttoNumerico(const std::string& testo) {
     return fine != nullptr && *fine == '\0';
 }
 
+// A record named as a parent becomes a section of the table: beyond the table's count the table
+// grows to it (the rows between blank), a freed record is taken back as a section without a
+// parent. The deletes, the new sections and the renumbering keep the links of the table's
+// records only, and sweep or reuse the freed ones: a branch hung from a record outside the
+// table would be left naming a parent that no longer derives it.
+void PrendiInTabella(Documento& d, int16_t sezione) {
+    if (sezione < 1 || sezione > MAX_TRONCHI) return;
+    if (sezione > d.NumTronchi()) {
+        for (int k = d.NumTronchi() + 1; k <= sezione; ++k) d.T(k) = Tronco{};
+        d.rete().NumTronchi = sezione;
+    }
+    Tronco& t = d.T(sezione);
+    t.ID_SCOLLEGATO = FALSO;
+    t.ID_CANCELLATO = FALSO;
+}
+
 }  // namespace
 
 std::string FiltraTestoCella(std::string_view testo, bool numerica) {
@@ -161,6 +177,7 @@ EsitoCella ConfermaCampo(Documento& d, Archivi& a, int riga, int id, const std::
                 }
             }
             if (nuovo != 0) {
+                PrendiInTabella(d, nuovo);
                 const Tronco& p = d.T(nuovo);
                 if (p.IsUtenza() && p.ID_P_UTENZE > 0) {
                     const int r = msg.Mostra("Il tronco di provenienza e' una utenza!\r\n Azzero la portata?",

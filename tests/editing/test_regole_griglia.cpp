@@ -99,6 +99,34 @@ TEST(ConfermaProvenienza, MessaggiEValoriRifiutati) {
     EXPECT_EQ(b->d.T(3).ID_PREV, 400);
     EXPECT_EQ(b->d.T(400).ID_LEFT, 3);
     EXPECT_EQ(b->d.T(2).ID_LEFT, 0);
+    // The parent joins the table, so that deletes and renumbering keep its links.
+    EXPECT_EQ(b->d.NumTronchi(), 400);
+    EXPECT_EQ(b->d.T(400).ID_PREV, 0);
+    EXPECT_EQ(b->d.T(399).ID_LEFT, 0);
+}
+
+// A parent that was freed by "Cancella tronchi" is taken back as a section without a parent:
+// "Elimina e compatta" later keeps it, and the links that name it agree after the renumbering.
+TEST(ConfermaProvenienza, PadreLiberatoTornaNellaTabella) {
+    auto b = NuovoBanco();
+    b->Albero();
+    const Rinfresco nulla{};
+    ASSERT_TRUE(CancellaSezione(b->d, 4, TipoCancellazione::CANCELLA, b->msg, nulla));
+    ASSERT_TRUE(CancellaSezione(b->d, 2, TipoCancellazione::CANCELLA, b->msg, nulla));  // 2, 3 and 5
+    b->Conferma(7, 7, Id::ID_PREV, "3");
+    EXPECT_EQ(b->d.T(3).ID_SCOLLEGATO, FALSO);
+    EXPECT_EQ(b->d.T(3).ID_CANCELLATO, FALSO);
+    EXPECT_EQ(b->d.T(3).ID_LEFT, 7);
+    // A new section takes the first freed record (2), not the parent taken back.
+    EXPECT_EQ(NuovoTronco(b->d, 1, b->a.NomiMateriali(), b->a.Default.DefaultMateriale, b->msg), 2);
+
+    CancellaRighe(b->d, 4, 4, TipoCancellazione::ELIMINA_E_COMPATTA, nulla);
+    // The freed 4 and 5 go; the blank row 6 (the table grew over it) becomes 4, and 7 becomes 5.
+    EXPECT_EQ(b->d.NumTronchi(), 5);
+    EXPECT_EQ(b->d.T(3).ID_LEFT, 5);
+    EXPECT_EQ(b->d.T(5).ID_PREV, 3);
+    EXPECT_EQ(b->d.T(4).ID_PREV, 0);
+    EXPECT_EQ(b->d.T(1).ID_LEFT, 2);
 }
 
 TEST(ConfermaProvenienza, SpostaIlTroncoNellAlbero) {
@@ -464,6 +492,16 @@ TEST(Cancellazione, PiuRigheConRigheGiaLiberate) {
     EXPECT_EQ(b->d.T(1).ID_RIGHT, 0);
     EXPECT_EQ(b->d.T(2).ID_PREV, 1);
     EXPECT_EQ(b->d.ReteModificata, VERO);
+
+    // Rows beyond the table are not sections: a record left there that still names a parent of
+    // the table takes nothing from it.
+    auto c = NuovoBanco();
+    c->Albero();
+    c->d.T(7).ID_PREV = 1;
+    CancellaRighe(c->d, 6, 9, TipoCancellazione::CANCELLA, n.r());
+    EXPECT_FALSE(CancellaSezione(c->d, 7, TipoCancellazione::CANCELLA, c->msg, n.r()));
+    EXPECT_EQ(c->d.T(1).ID_LEFT, 2);
+    EXPECT_EQ(c->d.T(1).ID_RIGHT, 4);
 }
 
 }  // namespace
