@@ -32,7 +32,7 @@ std::string TestoBox(double v) { return TestoGenerale(v, CIFRE_BOX); }
 // must not move it by the last bit.
 float LeggiBox(const std::string& testo, const std::string& mostrato, float valore, double scala = 1.0) {
     if (testo == mostrato) return valore;
-    return static_cast<float>(LeggiNumero(testo) * scala);
+    return Singolo(LeggiNumero(testo) * scala);
 }
 
 // Characters of a UTF-8 text (continuation bytes don't count).
@@ -247,7 +247,7 @@ void EditorMateriali::ImpostaTipoFormula(int16_t tipo) {
 }
 
 void EditorMateriali::ImpostaPesoSpecifico(const std::string& testo) {
-    const auto peso = static_cast<float>(LeggiNumero(testo));
+    const auto peso = Singolo(LeggiNumero(testo));
     if (peso == peso_) return;
     peso_ = peso;
     for (RigaDiametro& r : righe_) Deriva(r);
@@ -302,10 +302,10 @@ bool EditorMateriali::ImpostaCella(int r, int c, const std::string& testo, Messa
             riga.DN = Trim(testo);
             break;
         case ColonnaMateriale::ESTERNO:
-            riga.DiamEsterno = static_cast<float>(LeggiNumero(testo));
+            riga.DiamEsterno = Singolo(LeggiNumero(testo));
             break;
         default: {
-            riga.Spessore = static_cast<float>(LeggiNumero(testo));
+            riga.Spessore = Singolo(LeggiNumero(testo));
             // A wall of half the outer diameter leaves no bore.
             if (static_cast<double>(riga.Spessore) >= static_cast<double>(riga.DiamEsterno) / 2.0) {
                 msg.Mostra("Spessore non compatibile");

@@ -140,10 +140,10 @@ void CaricaGas(Archivi& a, Messaggi& msg) {
         campi.resize(6);
         GasRecord g;
         g.Nome = campi[0];
-        g.Densita = static_cast<float>(LeggiNumero(campi[1]));
-        g.Viscosita = static_cast<float>(LeggiNumero(campi[2]));
-        g.Pci = static_cast<float>(LeggiNumero(campi[3]));
-        g.Pcs = static_cast<float>(LeggiNumero(campi[4]));
+        g.Densita = Singolo(LeggiNumero(campi[1]));
+        g.Viscosita = Singolo(LeggiNumero(campi[2]));
+        g.Pci = Singolo(LeggiNumero(campi[3]));
+        g.Pcs = Singolo(LeggiNumero(campi[4]));
         g.NonCombustibile = ArrotondaI16(LeggiNumero(campi[5]));
         CalcolaGas(g, msg);
         a.Gas.push_back(g);
@@ -155,7 +155,7 @@ bool SalvaGas(const Archivi& a, Messaggi& msg) {
     for (int i = 1; i <= a.NumGas(); ++i) {
         const GasRecord& g = a.Gas[static_cast<size_t>(i)];
         if (g.Cancellato != 0) continue;
-        w.Riga(g.Nome + "\t" + NumeroFile(g.Densita) + "\t" + NumeroFile(g.Viscosita) + "\t" + NumeroFile(g.Pci) +
+        w.Riga(PrimoCampo(g.Nome) + "\t" + NumeroFile(g.Densita) + "\t" + NumeroFile(g.Viscosita) + "\t" + NumeroFile(g.Pci) +
                "\t" + NumeroFile(g.Pcs) + "\t" + NumeroFile(static_cast<int32_t>(g.NonCombustibile)));
     }
     return w.SalvaOAvvisa(TrovaFile(a.Cartella, "GAS.CFG"), msg);
@@ -187,8 +187,8 @@ void CaricaParFamGas(Archivi& a) {
         if ((!riga.empty() && riga[0] == '#') || Trim(riga).empty()) continue;
         SeparaCampi(riga, campi);
         campi.resize(2);
-        a.ParFam[famiglia].PressioneRiferimento = static_cast<float>(LeggiNumero(campi[0]));
-        a.ParFam[famiglia].DispersioneRiferimento = static_cast<float>(LeggiNumero(campi[1]));
+        a.ParFam[famiglia].PressioneRiferimento = Singolo(LeggiNumero(campi[0]));
+        a.ParFam[famiglia].DispersioneRiferimento = Singolo(LeggiNumero(campi[1]));
     }
 }
 

@@ -54,7 +54,7 @@ bool CaricaMateriale(Archivi& a, int indice, const std::string& nome) {
     const std::string percorso = TrovaFile(a.Cartella, nome + ".mat");
     if (!EsisteFile(percorso) || !f.Apri(percorso)) return false;
     m.TipoFormula = ArrotondaI16(LeggiNumero(f.LeggiRiga()));
-    m.PesoSpecifico = static_cast<float>(LeggiNumero(f.LeggiRiga()));
+    m.PesoSpecifico = Singolo(LeggiNumero(f.LeggiRiga()));
     m.Descrizione = f.LeggiRiga();
     std::vector<std::string> campi;
     while (!f.Fine()) {
@@ -63,8 +63,8 @@ bool CaricaMateriale(Archivi& a, int indice, const std::string& nome) {
         if (SeparaCampi(riga, campi) < 2) continue;
         RigaDiametro r;
         r.DN = Trim(campi[0]);
-        r.Spessore = static_cast<float>(LeggiNumero(campi[1]));
-        r.DiamInterno = static_cast<float>(LeggiNumero(campi[2]));
+        r.Spessore = Singolo(LeggiNumero(campi[1]));
+        r.DiamInterno = Singolo(LeggiNumero(campi[2]));
         if (r.DN.empty() || !(r.DiamInterno > 0)) continue;
         // A table holds at most 50 sizes; further rows are not used.
         if (m.NumRighe() >= MAX_RIGHE) break;
@@ -90,7 +90,7 @@ bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg) {
     w.Riga("#");
     w.Riga("# Descrizione");
     w.Riga(tratteggio);
-    w.Riga(Trim(m.Descrizione).empty() ? std::string(".") : m.Descrizione);
+    w.Riga(Trim(m.Descrizione).empty() ? std::string(".") : RigaNonCommento(m.Descrizione));
     w.Riga("#");
     w.Riga("#    DN    Spess   Diam Int. ");
     w.Riga("#            mm       mm");
@@ -98,7 +98,7 @@ bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg) {
     for (int r = 1; r <= m.NumRighe(); ++r) {
         const RigaDiametro& riga = m.Righe[static_cast<size_t>(r)];
         if (Trim(riga.DN).empty()) continue;
-        w.Riga(riga.DN + "\t" + NumeroFile(riga.Spessore) + "\t" + NumeroFile(riga.DiamInterno) + "\t");
+        w.Riga(PrimoCampo(riga.DN) + "\t" + NumeroFile(riga.Spessore) + "\t" + NumeroFile(riga.DiamInterno) + "\t");
     }
     return w.SalvaOAvvisa(TrovaFile(a.Cartella, m.Nome + ".mat"), msg);
 }

@@ -25,9 +25,9 @@ void CaricaPdc(TabellaPdc& t, const std::string& cartella, int32_t normativa, Me
         return;
     }
     // Seven lines, one number each: the threshold, then band by band, family by family.
-    t.SogliaPotenza = static_cast<float>(LeggiNumero(f.RigaFisica()));
+    t.SogliaPotenza = Singolo(LeggiNumero(f.RigaFisica()));
     for (size_t fascia = 1; fascia <= 2; ++fascia)
-        for (size_t fam = 1; fam <= 3; ++fam) t.PdcMax[fascia][fam] = static_cast<float>(LeggiNumero(f.RigaFisica()));
+        for (size_t fam = 1; fam <= 3; ++fam) t.PdcMax[fascia][fam] = Singolo(LeggiNumero(f.RigaFisica()));
 }
 
 bool SalvaPdc(const TabellaPdc& t, const std::string& cartella, Messaggi& msg) {

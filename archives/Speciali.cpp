@@ -52,7 +52,7 @@ bool CaricaSpecialiPressione(TabellaSpeciali& tabella, const std::string& cartel
         campi.resize(4);
         TipoSpeciale& t = tabella[tipo];
         t.Nome = campi[0];
-        for (size_t cl = 1; cl <= 3; ++cl) t.Lunghezza[1][cl] = static_cast<float>(LeggiNumero(campi[cl]));
+        for (size_t cl = 1; cl <= 3; ++cl) t.Lunghezza[1][cl] = Singolo(LeggiNumero(campi[cl]));
     }
     return true;
 }
@@ -63,7 +63,7 @@ bool SalvaSpeciali(TabellaSpeciali& tabella, const std::string& cartella, Messag
         TipoSpeciale& t = tabella[tipo];
         // A line can't hold an empty field: a kind without a name is written, and kept, as "-".
         if (t.Nome.empty()) t.Nome = "-";
-        w.Riga(t.Nome + "\t" + NumeroFile(t.Lunghezza[1][1]) + "\t" + NumeroFile(t.Lunghezza[1][2]) + "\t" +
+        w.Riga(PrimoCampo(t.Nome) + "\t" + NumeroFile(t.Lunghezza[1][1]) + "\t" + NumeroFile(t.Lunghezza[1][2]) + "\t" +
                NumeroFile(t.Lunghezza[1][3]));
     }
     return w.SalvaOAvvisa(TrovaFile(cartella, "EQLEN.CFG"), msg);

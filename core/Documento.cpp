@@ -208,7 +208,7 @@ void AzzeraRete(Documento& d, const TestiDefault& def) {
     d.ArchivioDocumenti.clear();
     d.ReteModificata = FALSO;
     d.VelocitaMassima =
-        Trim(def.DefaultVelocita).empty() ? 15.0f : static_cast<float>(LeggiNumero(def.DefaultVelocita));
+        Trim(def.DefaultVelocita).empty() ? 15.0f : Singolo(LeggiNumero(def.DefaultVelocita));
     d.PressioneIniziale =
         Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
     d.PressioneFinale = Trim(def.DefaultPressioneFinale).empty() ? 150.0 : LeggiNumero(def.DefaultPressioneFinale);

@@ -81,6 +81,32 @@ int SeparaCampi(std::string_view riga, std::vector<std::string>& campi) {
     return static_cast<int>(campi.size()) - 1;
 }
 
+namespace {
+
+std::string Sostituisci(std::string_view testo, std::string_view separatori) {
+    std::string s(testo);
+    for (char& c : s)
+        if (separatori.find(c) != std::string_view::npos) c = ' ';
+    return s;
+}
+
+}  // namespace
+
+std::string UnaRiga(std::string_view testo) { return Sostituisci(testo, "\r\n"); }
+
+std::string RigaNonCommento(std::string_view testo) {
+    std::string s = UnaRiga(testo);
+    return !s.empty() && s[0] == '#' ? " " + s : s;
+}
+
+std::string CampoDiRiga(std::string_view testo) { return Sostituisci(testo, "\t\n"); }
+
+std::string PrimoCampo(std::string_view testo) {
+    std::string s = CampoDiRiga(testo);
+    if (s.empty()) return "-";
+    return s[0] == '#' ? "\t" + s : s;
+}
+
 void ScrittoreTesto::Riga(std::string_view testo) {
     testo_.append(testo);
     testo_ += "\r\n";

@@ -44,6 +44,22 @@ private:
 // an empty line gives 0 with one empty field.
 int SeparaCampi(std::string_view riga, std::vector<std::string>& campi);
 
+// Texts written where the readers above read them back. A reader skips a line that begins
+// with '#' and splits at tabs and line ends, so a text written as it stands could read back as
+// a comment, or as several fields or lines, and every line after it would shift.
+// A text that is a line of its own: line breaks become blanks.
+std::string UnaRiga(std::string_view testo);
+// A text that is a line of its own in a file that has comments: as UnaRiga, and one that
+// begins with '#' gets a blank before it.
+std::string RigaNonCommento(std::string_view testo);
+// A text between tabs: tabs and line feeds become blanks (a carriage return alone inside a line
+// reads back as it is).
+std::string CampoDiRiga(std::string_view testo);
+// The first field of a line: as CampoDiRiga; one that begins with '#' is written after a tab,
+// which the splitter passes over, so that it reads back unchanged; an empty one (a line can hold
+// no empty field: the next would take its place) is written as "-".
+std::string PrimoCampo(std::string_view testo);
+
 // A process-wide file size limit (ulimit -f, a quota) sends SIGXFSZ to a write that crosses it,
 // and by default that signal ends the program with the user's work. Both programs call this at
 // start (and every safe write does), so the write fails with EFBIG and the user is told. A

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <string_view>
 #include <system_error>
 
 #include "core/FileTesto.h"
@@ -20,40 +21,100 @@ std::string TrimSpazi(const std::string& s) {
     return s.substr(a, b - a);
 }
 
-// A value that QSettings would quote: separators, quotes, backslashes or blanks at its ends.
+bool Controllo(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
+
+// The value of a hex digit, or -1.
+int Cifra16(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return -1;
+}
+
+bool Esadecimale(char c) { return Cifra16(c) >= 0; }
+
+// A value written between quotes, in the INI syntax QSettings also reads: separators, quotes,
+// backslashes, blanks at its ends or control characters (a line break would end the line).
 bool DaVirgolettare(const std::string& v) {
     if (v.empty()) return false;
     if (v.front() == ' ' || v.back() == ' ') return true;
-    return v.find_first_of(",;\"=\\#\t") != std::string::npos;
+    for (char c : v)
+        if (Controllo(c) || std::string_view(",;\"=\\#").find(c) != std::string_view::npos) return true;
+    return false;
 }
 
 std::string Scrivi(const std::string& v) {
     if (!DaVirgolettare(v)) return v;
+    static const char* const cifre = "0123456789abcdef";
     std::string out = "\"";
+    bool dopoEsadecimale = false;  // a hex digit right after \xHH would read as part of it
     for (char c : v) {
-        if (c == '"' || c == '\\') out += '\\';
-        if (c == '\t') {
+        const bool esadecimale = Controllo(c) || (dopoEsadecimale && Esadecimale(c));
+        dopoEsadecimale = false;
+        if (c == '"' || c == '\\') {
+            out += '\\';
+            out += c;
+        } else if (c == '\t') {
             out += "\\t";
-            continue;
+        } else if (c == '\n') {
+            out += "\\n";
+        } else if (c == '\r') {
+            out += "\\r";
+        } else if (esadecimale) {
+            const auto u = static_cast<unsigned char>(c);
+            out += "\\x";
+            out += cifre[u >> 4];
+            out += cifre[u & 15];
+            dopoEsadecimale = true;
+        } else {
+            out += c;
         }
-        out += c;
     }
     return out + "\"";
 }
 
+// The inverse of Scrivi, and what QSettings writes: quotes enclose, a backslash escapes, both
+// inside and outside quotes.
 std::string Leggi(const std::string& grezzo) {
     const std::string v = TrimSpazi(grezzo);
-    if (v.size() < 2 || v.front() != '"') return v;
     std::string out;
-    for (size_t i = 1; i < v.size(); ++i) {
+    bool virgolette = false;
+    for (size_t i = 0; i < v.size(); ++i) {
         const char c = v[i];
-        if (c == '"') break;
-        if (c == '\\' && i + 1 < v.size()) {
-            const char n = v[++i];
-            out += n == 't' ? '\t' : n == 'n' ? '\n' : n;
+        if (c == '"') {
+            virgolette = !virgolette;
             continue;
         }
-        out += c;
+        if (c != '\\' || i + 1 >= v.size()) {
+            out += c;
+            continue;
+        }
+        const char n = v[++i];
+        switch (n) {
+            case 'a': out += '\a'; break;
+            case 'b': out += '\b'; break;
+            case 'f': out += '\f'; break;
+            case 'n': out += '\n'; break;
+            case 'r': out += '\r'; break;
+            case 't': out += '\t'; break;
+            case 'v': out += '\v'; break;
+            case 'x': {
+                unsigned valore = 0;
+                while (i + 1 < v.size() && Esadecimale(v[i + 1]) && valore < 0x100)
+                    valore = valore * 16 + static_cast<unsigned>(Cifra16(v[++i]));
+                out += static_cast<char>(valore & 0xff);
+                break;
+            }
+            default:
+                if (n >= '0' && n <= '7') {
+                    unsigned valore = static_cast<unsigned>(n - '0');
+                    for (int k = 0; k < 2 && i + 1 < v.size() && v[i + 1] >= '0' && v[i + 1] <= '7'; ++k)
+                        valore = valore * 8 + static_cast<unsigned>(v[++i] - '0');
+                    out += static_cast<char>(valore & 0xff);
+                } else {
+                    out += n;
+                }
+        }
     }
     return out;
 }

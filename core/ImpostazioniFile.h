@@ -1,7 +1,7 @@
 #pragma once
-// The user's settings kept in an INI file, for the command line. The desktop reads and writes
-// the same file through QSettings (IniFormat, user scope, "Fornax"): plain values are written
-// the way QSettings writes them, so both see the same firm lines and recent files.
+// The user's settings kept in an INI file, shared by the desktop and the command line: the firm
+// lines, the recent files, the last folders. Values are written in the INI syntax QSettings
+// reads too; any value, control characters included, reads back as it was written.
 
 #include <map>
 #include <string>

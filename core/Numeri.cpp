@@ -102,6 +102,13 @@ static T FinitoDi(T v) {
 float Finito(float v) { return FinitoDi(v); }
 double Finito(double v) { return FinitoDi(v); }
 
+float Singolo(double v) {
+    constexpr double massimo = std::numeric_limits<float>::max();
+    if (v > massimo) return std::numeric_limits<float>::max();
+    if (v < -massimo) return std::numeric_limits<float>::lowest();
+    return static_cast<float>(v);
+}
+
 std::string NumeroFile(float v) { return ComeStampa(TestoBreve(Finito(v))); }
 std::string NumeroFile(double v) { return ComeStampa(TestoBreve(Finito(v))); }
 std::string NumeroFile(int32_t v) { return ComeStampa(std::to_string(v)); }

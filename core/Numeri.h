@@ -21,6 +21,9 @@ int32_t ArrotondaI32(double v);
 // that is not a number (a calculation that failed) becomes 0.
 float Finito(float v);
 double Finito(double v);
+// A number read into a single-precision field: beyond the single range it takes the largest
+// finite value of its sign, as Finito writes it (the bare conversion would be undefined).
+float Singolo(double v);
 std::string TestoBreve(float v);
 std::string TestoBreve(double v);
 

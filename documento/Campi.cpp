@@ -249,7 +249,7 @@ void ScriviCampo(Documento& d, const Archivi& a, int sezione, int id, const Valo
         return;
     }
     if (float* f = CampoSingolo(t, id)) {
-        *f = static_cast<float>(NumeroDi(v));
+        *f = Singolo(NumeroDi(v));
         return;
     }
     if (int16_t* i = CampoIntero(t, id)) {

@@ -19,12 +19,12 @@ namespace fornax {
 
 namespace {
 
-// A parameter line holds no line break; an empty one is written as ".", since the reader
-// passes over blank lines.
-std::string TestoParametro(std::string s) {
-    for (char& c : s)
-        if (c == '\r' || c == '\n') c = ' ';
-    return Trim(s).empty() ? std::string(".") : s;
+// A parameter line (the reference, the description, the gas's name) holds no line break and
+// doesn't begin with '#'; an empty one is written as ".", since the reader passes over blank
+// lines and comments.
+std::string TestoParametro(const std::string& s) {
+    const std::string riga = RigaNonCommento(s);
+    return Trim(riga).empty() ? std::string(".") : riga;
 }
 
 void ScriviTronchi(ScrittoreTesto& w, Documento& d, const Archivi& a) {
@@ -39,7 +39,7 @@ void ScriviTronchi(ScrittoreTesto& w, Documento& d, const Archivi& a) {
             std::string testo = Trim(TestoValore(LeggiCampo(d, a, i, id)));
             if (testo.empty()) testo = ".";
             if (id > Id::ID_NUM) riga += '\t';
-            riga += testo;
+            riga += CampoDiRiga(testo);
         }
         w.Riga(riga);
     }
@@ -97,7 +97,7 @@ bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso,
     w.Riga("!PARAMETERS");
     w.Riga(TestoParametro(d.Riferimento));
     w.Riga(TestoParametro(d.DescrizioneLavoro));
-    w.Riga(d.GasCorrente.Nome);
+    w.Riga(TestoParametro(d.GasCorrente.Nome));
     // An automatic limit is stored as the value in force now: it becomes the project's own.
     w.Riga(d.DpMax > 0 ? NumeroFile(d.DpMax) : NumeroFile(LimitePdc(d)));
     w.Riga(NumeroFile(static_cast<int32_t>(d.ReteInPressione)));
@@ -117,7 +117,7 @@ bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso,
     w.Riga("]");
     SalvaTenuta(w, d.Tenuta);
     w.Riga("!PARAMETERS-DOCUMENTPATH");
-    w.Riga(d.ArchivioDocumenti);
+    w.Riga(RigaNonCommento(d.ArchivioDocumenti));
     w.Riga("");
     w.Riga("~PARAMETERS-DOCUMENTPATH");
     w.Riga("#");
@@ -181,7 +181,7 @@ bool LeggiProgettoDa(FileTesto& f, Documento& d, const Archivi& a, const std::st
     d.DpMax = LeggiNumero(f.LeggiRiga());
     if (estesi) {
         d.ReteInPressione = ArrotondaI16(LeggiNumero(f.LeggiRiga()));
-        d.VelocitaMassima = static_cast<float>(LeggiNumero(f.LeggiRiga()));
+        d.VelocitaMassima = Singolo(LeggiNumero(f.LeggiRiga()));
         d.PressioneIniziale = LeggiNumero(f.LeggiRiga());
         d.PressioneFinale = LeggiNumero(f.LeggiRiga());
         d.OrientamentoSorgente = ArrotondaI16(LeggiNumero(f.LeggiRiga()));

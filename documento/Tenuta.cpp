@@ -70,13 +70,6 @@ const CampoTenuta CAMPI[] = {
 };
 static_assert(std::size(CAMPI) == 52);
 
-// A field is one line: line breaks typed into a note become blanks, so the block stays readable.
-std::string UnaRiga(std::string s) {
-    for (char& c : s)
-        if (c == '\r' || c == '\n') c = ' ';
-    return s;
-}
-
 const char* const FILE_DITTA = "TENIMPTECDEF.CFG";
 
 }  // namespace
@@ -85,7 +78,7 @@ void SalvaTenuta(ScrittoreTesto& w, const VerificaTenuta& r) {
     w.Riga(MARCA_TENUTA);
     for (const CampoTenuta& c : CAMPI) {
         if (const auto* s = std::get_if<std::string VerificaTenuta::*>(&c))
-            w.Riga(UnaRiga(r.**s));
+            w.Riga(RigaNonCommento(r.**s));
         else
             w.Riga(std::to_string(r.*std::get<int16_t VerificaTenuta::*>(c)));
     }

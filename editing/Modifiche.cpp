@@ -124,7 +124,7 @@ bool ImpostaParametri(Documento& d, const Archivi& a, const ValoriParametri& v, 
     }
     d.Riferimento = v.riferimento;
     d.DescrizioneLavoro = v.descrizioneLavoro;
-    if (pressione) d.VelocitaMassima = static_cast<float>(LeggiNumero(v.velocitaMassima));
+    if (pressione) d.VelocitaMassima = Singolo(LeggiNumero(v.velocitaMassima));
     d.ArchivioDocumenti = v.archivioDocumenti;
     d.Normativa = v.edizione1992 ? 1 : 2;
     CaricaPdc(d.Pdc, a.Cartella, d.Normativa, msg);
@@ -266,9 +266,9 @@ bool ApplicaParametriTronco(Documento& d, const Archivi& a, const std::vector<in
         for (const RigaSpeciale& r : righe)
             if (tutti || CopiaConteggio(*campi, r.tipo))
                 ImpostaConteggio(t, r.tipo, ConteggioDaTesto(v.conteggi[static_cast<size_t>(r.tipo)]));
-        if (tutti || campi->eqLenAggiuntiva) t.ID_EQLENNOTA = static_cast<float>(LeggiNumero(v.eqLenNota));
+        if (tutti || campi->eqLenAggiuntiva) t.ID_EQLENNOTA = Singolo(LeggiNumero(v.eqLenNota));
         if (tutti || campi->contemporaneita) t.ID_CONTEMP = ArrotondaI16(LeggiNumero(v.contemp));
-        if (tutti || campi->lunghezza) t.ID_LEN = static_cast<float>(LeggiNumero(v.lunghezza));
+        if (tutti || campi->lunghezza) t.ID_LEN = Singolo(LeggiNumero(v.lunghezza));
         if (tutti || campi->diametro) {
             if (a.HaMateriale(v.materiale)) {
                 t.IndiceMateriale = static_cast<int16_t>(v.materiale);

@@ -103,7 +103,7 @@ EsitoCella ConfermaCampo(Documento& d, Archivi& a, int riga, int id, const std::
 
     switch (id) {
         case Id::ID_P_UTENZE: {
-            const auto v = static_cast<float>(LeggiNumero(testo));
+            const auto v = Singolo(LeggiNumero(testo));
             if (v != c.ID_P_UTENZE || v == 0) {
                 c.ID_P_UTENZE = v;
                 c.ID_P_TRONCO = v;
@@ -111,10 +111,10 @@ EsitoCella ConfermaCampo(Documento& d, Archivi& a, int riga, int id, const std::
             break;
         }
         case Id::ID_LEN:
-            c.ID_LEN = static_cast<float>(LeggiNumero(testo));
+            c.ID_LEN = Singolo(LeggiNumero(testo));
             break;
         case Id::ID_EQ_LEN:
-            c.ID_EQ_LEN = static_cast<float>(LeggiNumero(testo));
+            c.ID_EQ_LEN = Singolo(LeggiNumero(testo));
             break;
         case Id::ID_RIF:
             c.ID_RIF = Maiuscolo(Trim(testo));

@@ -95,6 +95,12 @@ inline void GuastoRiletto(const char* cosa, const std::string& prima, const std:
     inizio = prima.rfind('\n', inizio) == std::string::npos ? 0 : prima.rfind('\n', inizio) + 1;
     const auto riga = [&](const std::string& t) { return t.substr(inizio, t.find('\n', inizio) - inizio); };
     std::fprintf(stderr, "written:   [%s]\nread back: [%s]\n", riga(prima).c_str(), riga(dopo).c_str());
+    // FORNAX_FUZZ_TRACCIA=1: both files, whole, beside the input (to read a fault found).
+    if (std::getenv("FORNAX_FUZZ_TRACCIA")) {
+        ScriviFile("guasto-scritto", prima);
+        ScriviFile("guasto-riletto", dopo);
+        std::fprintf(stderr, "both files written to guasto-scritto and guasto-riletto\n");
+    }
     Guasto(cosa);
 }
 

@@ -9,6 +9,7 @@
 
 #include "archives/Gas.h"
 #include "archives/Pdc.h"
+#include "core/Numeri.h"
 #include "core/ui/Controlli.h"
 
 namespace fornax::ui {
@@ -68,10 +69,10 @@ frmPDC::frmPDC(const Archivi& a, const Documento& d, Messaggi& msg, QWidget* pad
 }
 
 void frmPDC::cmdOK() {
-    tabella_.SogliaPotenza = static_cast<float>(NumeroDi(txtPotenza->text()));
+    tabella_.SogliaPotenza = Singolo(NumeroDi(txtPotenza->text()));
     for (size_t f = 1; f <= 3; ++f) {
-        tabella_.PdcMax[1][f] = static_cast<float>(NumeroDi(txtPotenza1[f]->text()));
-        tabella_.PdcMax[2][f] = static_cast<float>(NumeroDi(txtPotenza2[f]->text()));
+        tabella_.PdcMax[1][f] = Singolo(NumeroDi(txtPotenza1[f]->text()));
+        tabella_.PdcMax[2][f] = Singolo(NumeroDi(txtPotenza2[f]->text()));
     }
     VerificaDefaultPdc(tabella_);
     SalvaPdc(tabella_, cartella_, msg_);

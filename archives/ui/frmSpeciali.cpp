@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "archives/Speciali.h"
+#include "core/Numeri.h"
 #include "core/Testo.h"
 #include "core/ui/Controlli.h"
 
@@ -68,9 +69,9 @@ void frmSpeciali::cmdOK() {
     for (size_t k = 1; k <= 10; ++k) {
         TipoSpeciale& t = tabella_[k];
         t.Nome = Trim(S(txtDesc[k]->text()));
-        t.Lunghezza[1][1] = static_cast<float>(NumeroDi(txtRange1[k]->text()));
-        t.Lunghezza[1][2] = static_cast<float>(NumeroDi(txtRange2[k]->text()));
-        t.Lunghezza[1][3] = static_cast<float>(NumeroDi(txtRange3[k]->text()));
+        t.Lunghezza[1][1] = Singolo(NumeroDi(txtRange1[k]->text()));
+        t.Lunghezza[1][2] = Singolo(NumeroDi(txtRange2[k]->text()));
+        t.Lunghezza[1][3] = Singolo(NumeroDi(txtRange3[k]->text()));
     }
     salvato_ = SalvaSpeciali(tabella_, cartella_, msg_);
     accept();

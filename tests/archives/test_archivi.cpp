@@ -362,3 +362,37 @@ TEST(ArchiviConsegnati, OgniGasNellaSuaFamigliaEOgniFileLeggibile) {
     EXPECT_EQ(a->ParFam[3].PressioneRiferimento, 0.0f);
     EXPECT_GT(pdc.SogliaPotenza, 0.0f);
 }
+
+// Names that would read back as comments (a gas, a pipe size, a fitting beginning with '#') or
+// as more than one field (a tab typed in an editor) keep their entry, and their place, through a
+// save: the rows after them don't shift.
+TEST_F(ArchiviProva, NomiCheSembranoCommentiSopravvivonoAlSalvataggio) {
+    dir.Scrivi("GAS.CFG", "\t#PROVA\t0.5\t0.00001\t30\t33\t0\nMETANO\t0.55\t0.0000142\t34.02\t37.78\t0\n");
+    CaricaGas(*a, msg);
+    ASSERT_EQ(a->NomiGas(), (std::vector<std::string>{"#PROVA", "METANO"}));
+    a->Gas[2].Nome = "METANO\tRETE";
+    ASSERT_TRUE(SalvaGas(*a, msg));
+    dir.Scrivi("PE.mat", "3\n950\nPolietilene\n\t#1\t2\t16\t\nDN 25\t2\t20\t\n");
+    CaricaMateriali(*a, av, msg);
+    a->Materiali[1].Descrizione = "#PE 100\r\nSDR 11";
+    ASSERT_TRUE(SalvaMateriale(*a, 1, msg));
+    TabellaSpeciali t{};
+    CaricaSpecialiInterni(t);
+    t[1].Nome = "#curva";
+    ASSERT_TRUE(SalvaSpeciali(t, a->Cartella, msg));
+
+    auto b = std::make_unique<Archivi>();
+    b->Cartella = dir.Percorso();
+    CaricaGas(*b, msg);
+    CaricaMateriali(*b, av, msg);
+    EXPECT_EQ(b->NomiGas(), (std::vector<std::string>{"#PROVA", "METANO RETE"}));
+    EXPECT_EQ(b->Gas[2].Pcs, 37.78f);
+    ASSERT_EQ(b->Materiali[1].NumRighe(), 2);
+    EXPECT_EQ(b->Materiali[1].Righe[1].DN, "#1");
+    EXPECT_EQ(b->Materiali[1].Descrizione, " #PE 100  SDR 11");
+    TabellaSpeciali u{};
+    ASSERT_TRUE(CaricaSpecialiPressione(u, dir.Percorso(), msg));
+    EXPECT_EQ(u[1].Nome, "#curva");
+    EXPECT_EQ(u[2].Nome, t[2].Nome);
+    EXPECT_TRUE(msg.mostrati.empty());
+}

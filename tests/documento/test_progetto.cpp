@@ -356,3 +356,32 @@ TEST(Colonne, FileDelleColonneDecifratoInUndiciTabelle) {
     EXPECT_EQ(a->Colonne.Tabelle[0][0].Suggerimento, "Lunghezza. in metri");
     EXPECT_EQ(a->Colonne.NumColonne[1], -1);
 }
+
+// What a user types may hold a line break, a tab, or begin with '#' (a house number): none of it
+// may turn a line into a comment or split it, or every line after it would shift on reading.
+TEST_F(Progetti, TestiDellUtenteNonSpostanoLeRighe) {
+    ASSERT_TRUE(Leggi(ACCETTAZIONE + "/projects/i25_leaktest_meter_ok.RTG"));
+    d->Riferimento = "#12 Casa Rossi";
+    d->DescrizioneLavoro = "primo piano\r\nsecondo piano";
+    d->ArchivioDocumenti = "#archivio";
+    d->T(1).ID_NAME = "Cucina\tpiano #1";
+    d->Tenuta.Note = "#nota";
+    d->Tenuta.RagSociale = "#1 Impianti\n";
+    const float lunghezza = d->T(2).ID_LEN;
+    const VerificaTenuta prima = d->Tenuta;
+    const std::string scritto = Salva("testi.RTG");
+    // The firm's defaults are read line by line, comments and all: the firm stays as typed.
+    EXPECT_EQ(Righe(dir.LeggiByte("TENIMPTECDEF.CFG")).at(1), "#1 Impianti ");
+
+    ASSERT_TRUE(Leggi(dir.Percorso("testi.RTG")));
+    EXPECT_EQ(d->Riferimento, " #12 Casa Rossi");
+    EXPECT_EQ(d->DescrizioneLavoro, "primo piano  secondo piano");
+    EXPECT_EQ(d->ArchivioDocumenti, " #archivio");
+    EXPECT_EQ(d->T(1).ID_NAME, "Cucina piano #1");
+    EXPECT_EQ(d->T(2).ID_LEN, lunghezza);
+    EXPECT_EQ(d->Tenuta.Note, " #nota");
+    EXPECT_EQ(d->Tenuta.RagSociale, " #1 Impianti ");
+    EXPECT_EQ(d->Tenuta.EsitoProva, prima.EsitoProva);
+    EXPECT_EQ(d->Tenuta.CapacitaContatore, prima.CapacitaContatore);
+    EXPECT_EQ(Salva("testi2.RTG"), scritto);
+}
