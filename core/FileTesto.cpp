@@ -85,6 +85,7 @@ namespace {
 
 std::string Sostituisci(std::string_view testo, std::string_view separatori) {
     std::string s(testo);
+    if (testo.find_first_of(separatori) == std::string_view::npos) return s;
     for (char& c : s)
         if (separatori.find(c) != std::string_view::npos) c = ' ';
     return s;
@@ -236,9 +237,9 @@ std::string MessaggioScritturaFallita(const std::string& percorso, int errore) {
     }
 }
 
-int ScrittoreTesto::SalvaConErrore(const std::string& percorso) const {
-    return ScriviFileSicuro(percorso, Utf8ACp1252(testo_));
-}
+std::string ScrittoreTesto::Byte() const { return Utf8ACp1252(testo_); }
+
+int ScrittoreTesto::SalvaConErrore(const std::string& percorso) const { return ScriviFileSicuro(percorso, Byte()); }
 
 bool ScrittoreTesto::SalvaOAvvisa(const std::string& percorso, Messaggi& msg) const {
     const int errore = SalvaConErrore(percorso);

@@ -1,6 +1,7 @@
 #include "core/Testo.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace fornax {
 
@@ -79,13 +80,15 @@ char32_t MaiuscoloCarattere(char32_t c) {
 
 }  // namespace
 
-std::string Trim(std::string_view s) {
+std::string_view SenzaSpazi(std::string_view s) {
     size_t a = 0;
     size_t b = s.size();
     while (a < b && s[a] == ' ') ++a;
     while (b > a && s[b - 1] == ' ') --b;
-    return std::string(s.substr(a, b - a));
+    return s.substr(a, b - a);
 }
+
+std::string Trim(std::string_view s) { return std::string(SenzaSpazi(s)); }
 
 std::string Maiuscolo(std::string_view s) {
     std::string out;
@@ -116,14 +119,31 @@ std::string VirgolePunti(std::string_view s) {
     return out;
 }
 
+// The length of the run of ASCII bytes at the start of `s`, eight at a time: nearly all of a
+// project file is ASCII, and copying such runs whole keeps reading and writing a large project
+// cheap.
+static size_t LunghezzaAscii(std::string_view s) {
+    size_t i = 0;
+    for (; i + 8 <= s.size(); i += 8) {
+        uint64_t parola = 0;
+        std::memcpy(&parola, s.data() + i, 8);
+        if ((parola & 0x8080808080808080ULL) != 0) break;
+    }
+    while (i < s.size() && static_cast<unsigned char>(s[i]) < 0x80) ++i;
+    return i;
+}
+
 std::string Cp1252AUtf8(std::string_view s) {
     std::string out;
     out.reserve(s.size() + s.size() / 8);
-    for (char ch : s) {
-        const auto b = static_cast<unsigned char>(ch);
-        if (b < 0x80) {
-            out += ch;
-        } else if (b < 0xA0) {
+    size_t i = 0;
+    while (i < s.size()) {
+        const size_t ascii = LunghezzaAscii(s.substr(i));
+        out.append(s.data() + i, ascii);
+        i += ascii;
+        if (i >= s.size()) break;
+        const auto b = static_cast<unsigned char>(s[i++]);
+        if (b < 0xA0) {
             const char32_t c = kCp1252Alti[b - 0x80];
             AppendUtf8(out, c != 0 ? c : static_cast<char32_t>(b));
         } else {
@@ -138,6 +158,10 @@ std::string Utf8ACp1252(std::string_view s) {
     out.reserve(s.size());
     size_t i = 0;
     while (i < s.size()) {
+        const size_t ascii = LunghezzaAscii(s.substr(i));
+        out.append(s.data() + i, ascii);
+        i += ascii;
+        if (i >= s.size()) break;
         const char32_t c = DecodificaUtf8(s, i);
         if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
             out += static_cast<char>(c);

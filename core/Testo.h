@@ -12,6 +12,8 @@ namespace fornax {
 
 // Removes leading and trailing blanks (spaces only: a tab is data in our files).
 std::string Trim(std::string_view s);
+// The same, as a view into `s` (no copy).
+std::string_view SenzaSpazi(std::string_view s);
 
 // Upper case for names compared without regard to case (ASCII letters and the
 // accented Latin letters of Windows-1252, in UTF-8).

@@ -35,11 +35,15 @@ void ScriviTronchi(ScrittoreTesto& w, Documento& d, const Archivi& a) {
         if (t.ID_LEFT > r.NumTronchi) t.ID_LEFT = 0;
         if (t.ID_RIGHT > r.NumTronchi) t.ID_RIGHT = 0;
         std::string riga;
+        riga.reserve(256);
         for (int id = Id::ID_NUM; id <= Id::ID_CANCELLATO; ++id) {
-            std::string testo = Trim(TestoValore(LeggiCampo(d, a, i, id)));
+            const Valore v = LeggiCampo(d, a, i, id);
+            // Only a text can hold blanks at its ends, tabs or line breaks.
+            const auto* s = std::get_if<std::string>(&v);
+            std::string testo = s ? Trim(CampoDiRiga(*s)) : TestoValore(v);
             if (testo.empty()) testo = ".";
             if (id > Id::ID_NUM) riga += '\t';
-            riga += CampoDiRiga(testo);
+            riga += testo;
         }
         w.Riga(riga);
     }
@@ -80,7 +84,7 @@ void LeggiTronchi(FileTesto& f, Documento& d, const Archivi& a, Messaggi& msg, A
         }
         for (int k = 0; k <= ultimo; ++k) {
             const std::string& campo = campi[static_cast<size_t>(k)];
-            ScriviCampo(d, a, riga, k + 2, Trim(campo) == "." ? std::string() : campo, msg);
+            ScriviCampo(d, a, riga, k + 2, SenzaSpazi(campo) == "." ? std::string() : campo, msg);
         }
     }
     d.rete().NumTronchi = static_cast<int16_t>(riga < 0 ? 0 : riga);
@@ -89,8 +93,7 @@ void LeggiTronchi(FileTesto& f, Documento& d, const Archivi& a, Messaggi& msg, A
 
 }  // namespace
 
-bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg) {
-    ScrittoreTesto w;
+void ComponiProgetto(Documento& d, const Archivi& a, ScrittoreTesto& w) {
     w.Riga(std::string(d.ReteInPressione != 0 ? "FXP" : "FX ") + VERSIONE);
     w.Riga("#");
     w.Riga("#");
@@ -123,6 +126,11 @@ bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso,
     w.Riga("#");
     w.Riga("#");
     w.Riga("!END");
+}
+
+bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg) {
+    ScrittoreTesto w;
+    ComponiProgetto(d, a, w);
     if (!w.SalvaOAvvisa(percorso, msg)) return false;
     SalvaDefaultTenuta(a.Cartella, d.Tenuta, msg);
     return true;

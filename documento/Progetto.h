@@ -14,8 +14,12 @@ class Avanzamento;
 
 constexpr int VERSIONE_MAGGIORE = 5;
 
-// Writes the project from the document (temporary file and rename). False on failure,
-// with the previous file left untouched.
+// The project file's lines, as ScriviProgetto writes them (dangling derivations are repaired
+// in the document on the way).
+void ComponiProgetto(Documento& d, const Archivi& a, ScrittoreTesto& w);
+
+// Writes the project from the document (temporary file and rename), then the firm's defaults
+// of the leak test. False on failure, with the previous file left untouched.
 bool ScriviProgetto(Documento& d, const Archivi& a, const std::string& percorso, Messaggi& msg);
 
 // Reads a project into the document. False when the file is refused or can't be used
