@@ -90,7 +90,7 @@ bool SalvaMateriale(const Archivi& a, int indice, Messaggi& msg) {
     w.Riga("#");
     w.Riga("# Descrizione");
     w.Riga(tratteggio);
-    w.Riga(Trim(m.Descrizione).empty() ? std::string(".") : RigaNonCommento(m.Descrizione));
+    w.Riga(RigaDiLeggiRiga(m.Descrizione));
     w.Riga("#");
     w.Riga("#    DN    Spess   Diam Int. ");
     w.Riga("#            mm       mm");

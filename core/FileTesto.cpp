@@ -100,6 +100,11 @@ std::string RigaNonCommento(std::string_view testo) {
     return !s.empty() && s[0] == '#' ? " " + s : s;
 }
 
+std::string RigaDiLeggiRiga(std::string_view testo) {
+    std::string s = RigaNonCommento(testo);
+    return SenzaSpazi(s).empty() ? std::string(".") : s;
+}
+
 std::string CampoDiRiga(std::string_view testo) { return Sostituisci(testo, "\t\n"); }
 
 std::string PrimoCampo(std::string_view testo) {

@@ -52,6 +52,9 @@ std::string UnaRiga(std::string_view testo);
 // A text that is a line of its own in a file that has comments: as UnaRiga, and one that
 // begins with '#' gets a blank before it.
 std::string RigaNonCommento(std::string_view testo);
+// A line of text read where blank lines are passed over too (LeggiRiga): as RigaNonCommento,
+// and one that would be blank is written as ".".
+std::string RigaDiLeggiRiga(std::string_view testo);
 // A text between tabs: tabs and line feeds become blanks (a carriage return alone inside a line
 // reads back as it is).
 std::string CampoDiRiga(std::string_view testo);

@@ -19,14 +19,6 @@ namespace fornax {
 
 namespace {
 
-// A parameter line (the reference, the description, the gas's name) holds no line break and
-// doesn't begin with '#'; an empty one is written as ".", since the reader passes over blank
-// lines and comments.
-std::string TestoParametro(const std::string& s) {
-    const std::string riga = RigaNonCommento(s);
-    return Trim(riga).empty() ? std::string(".") : riga;
-}
-
 void ScriviTronchi(ScrittoreTesto& w, Documento& d, const Archivi& a) {
     Rete& r = d.rete();
     for (int i = 0; i <= r.NumTronchi && i <= MAX_TRONCHI; ++i) {
@@ -98,9 +90,9 @@ void ComponiProgetto(Documento& d, const Archivi& a, ScrittoreTesto& w) {
     w.Riga("#");
     w.Riga("#");
     w.Riga("!PARAMETERS");
-    w.Riga(TestoParametro(d.Riferimento));
-    w.Riga(TestoParametro(d.DescrizioneLavoro));
-    w.Riga(TestoParametro(d.GasCorrente.Nome));
+    w.Riga(RigaDiLeggiRiga(d.Riferimento));
+    w.Riga(RigaDiLeggiRiga(d.DescrizioneLavoro));
+    w.Riga(RigaDiLeggiRiga(d.GasCorrente.Nome));
     // An automatic limit is stored as the value in force now: it becomes the project's own.
     w.Riga(d.DpMax > 0 ? NumeroFile(d.DpMax) : NumeroFile(LimitePdc(d)));
     w.Riga(NumeroFile(static_cast<int32_t>(d.ReteInPressione)));
