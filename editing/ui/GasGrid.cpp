@@ -321,9 +321,25 @@ void GasGrid::AggiornaCalcoli() {
     // Nothing is painted between two recalculations of one Enter: the grid is written once,
     // after the second.
     if (grigliaRinviata_) return;
+    // Behind another page (an edit on the schema or the leak test), the 400 rows are written
+    // when the grid comes into view, not after every edit.
+    if (isHidden()) {
+        righeDaScrivere_ = true;
+        return;
+    }
+    MostraCalcoli();
+}
+
+void GasGrid::MostraCalcoli() {
+    righeDaScrivere_ = false;
     ScriviTutte();
     AggiornaTitolo();
     ImmagineDiametro(Row());
+}
+
+void GasGrid::showEvent(QShowEvent* e) {
+    PaginaDocumento::showEvent(e);
+    if (righeDaScrivere_) MostraCalcoli();
 }
 
 void GasGrid::ResetGrid() {

@@ -118,11 +118,13 @@ signals:
 
 protected:
     bool eventFilter(QObject* o, QEvent* e) override;
+    void showEvent(QShowEvent* e) override;
 
 private:
     void Costruisci();
     void ScriviRiga(int r);
     void ScriviTutte();
+    void MostraCalcoli();  // the results into every row, the title, the diameter's picture
     void NuovaRiga();
     void ConfermaCella(int riga = 0, int colonna = 0);
     void ApriDettaglio();
@@ -172,6 +174,7 @@ private:
     bool modificaMateriale_ = false;  // the material list was changed by the user
     int bloccoFuoco_ = 0;             // a commit or a dialog is running: focus changes commit nothing
     bool grigliaRinviata_ = false;    // a second recalculation follows at once: write the grid then
+    bool righeDaScrivere_ = false;    // recalculated while another page was in view
 };
 
 }  // namespace fornax::ui

@@ -113,6 +113,19 @@ void TestFinestre::laFinestraDelDocumentoAggiornaLaPaginaInVista() {
     // Back on the grid, the page rests.
     w->Schede()->setCurrentIndex(0);
     QCOMPARE(pagina->aggiornamenti, 2);
+
+    // Behind another page, the grid's rows are not rewritten after every edit; they are when the
+    // grid comes back in view.
+    f.show();
+    w->Schede()->setCurrentWidget(pagina);
+    const ModelloTronchi* m = w->Griglia()->Modello();
+    const int lunghezza = m->ColonnaDi(Id::ID_LEN);
+    const QString prima = m->cella(1, lunghezza).testo;
+    amb->d.T(1).ID_LEN = 123.5f;
+    pagina->Modifica();
+    QCOMPARE(m->cella(1, lunghezza).testo, prima);
+    w->Schede()->setCurrentIndex(0);
+    QVERIFY(m->cella(1, lunghezza).testo.startsWith(QStringLiteral("123")));
 }
 
 void TestFinestre::parametriCambiaLaNormaERicalcola() {
