@@ -155,8 +155,9 @@ bool SalvaGas(const Archivi& a, Messaggi& msg) {
     for (int i = 1; i <= a.NumGas(); ++i) {
         const GasRecord& g = a.Gas[static_cast<size_t>(i)];
         if (g.Cancellato != 0) continue;
-        w.Riga(PrimoCampo(g.Nome) + "\t" + NumeroFile(g.Densita) + "\t" + NumeroFile(g.Viscosita) + "\t" + NumeroFile(g.Pci) +
-               "\t" + NumeroFile(g.Pcs) + "\t" + NumeroFile(static_cast<int32_t>(g.NonCombustibile)));
+        w.Riga(PrimoCampo(g.Nome) + "\t" + NumeroFile(g.Densita) + "\t" + NumeroFile(g.Viscosita) + "\t" +
+               NumeroFile(g.Pci) + "\t" + NumeroFile(g.Pcs) + "\t" +
+               NumeroFile(static_cast<int32_t>(g.NonCombustibile)));
     }
     return w.SalvaOAvvisa(TrovaFile(a.Cartella, "GAS.CFG"), msg);
 }

@@ -207,8 +207,7 @@ void AzzeraRete(Documento& d, const TestiDefault& def) {
     d.NomeFileProgetto.clear();
     d.ArchivioDocumenti.clear();
     d.ReteModificata = FALSO;
-    d.VelocitaMassima =
-        Trim(def.DefaultVelocita).empty() ? 15.0f : Singolo(LeggiNumero(def.DefaultVelocita));
+    d.VelocitaMassima = Trim(def.DefaultVelocita).empty() ? 15.0f : Singolo(LeggiNumero(def.DefaultVelocita));
     d.PressioneIniziale =
         Trim(def.DefaultPressioneIniziale).empty() ? 200.0 : LeggiNumero(def.DefaultPressioneIniziale);
     d.PressioneFinale = Trim(def.DefaultPressioneFinale).empty() ? 150.0 : LeggiNumero(def.DefaultPressioneFinale);

@@ -86,7 +86,7 @@ class ScrittoreTesto {
 public:
     void Riga(std::string_view testo = {});                  // one line, CR LF added
     const std::string& Contenuto() const { return testo_; }  // UTF-8, "\r\n" line ends
-    std::string Byte() const;                                 // what the file holds: Windows-1252
+    std::string Byte() const;                                // what the file holds: Windows-1252
     // Writes the file; false on any failure, with the previous file left untouched.
     bool Salva(const std::string& percorso) const { return SalvaConErrore(percorso) == 0; }
     // As Salva, with the system's error number of the failure (0 when written).

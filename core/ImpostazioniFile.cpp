@@ -73,47 +73,36 @@ std::string Scrivi(const std::string& v) {
     return out + "\"";
 }
 
-// The inverse of Scrivi, and what QSettings writes: quotes enclose, a backslash escapes, both
-// inside and outside quotes.
+// The inverse of Scrivi, and what QSettings writes: the quotes that enclose a value go, a
+// backslash escapes the next character inside and outside them.
 std::string Leggi(const std::string& grezzo) {
     const std::string v = TrimSpazi(grezzo);
     std::string out;
-    bool virgolette = false;
     for (size_t i = 0; i < v.size(); ++i) {
         const char c = v[i];
-        if (c == '"') {
-            virgolette = !virgolette;
-            continue;
-        }
+        if (c == '"') continue;
         if (c != '\\' || i + 1 >= v.size()) {
             out += c;
             continue;
         }
         const char n = v[++i];
-        switch (n) {
-            case 'a': out += '\a'; break;
-            case 'b': out += '\b'; break;
-            case 'f': out += '\f'; break;
-            case 'n': out += '\n'; break;
-            case 'r': out += '\r'; break;
-            case 't': out += '\t'; break;
-            case 'v': out += '\v'; break;
-            case 'x': {
-                unsigned valore = 0;
-                while (i + 1 < v.size() && Esadecimale(v[i + 1]) && valore < 0x100)
-                    valore = valore * 16 + static_cast<unsigned>(Cifra16(v[++i]));
-                out += static_cast<char>(valore & 0xff);
-                break;
-            }
-            default:
-                if (n >= '0' && n <= '7') {
-                    unsigned valore = static_cast<unsigned>(n - '0');
-                    for (int k = 0; k < 2 && i + 1 < v.size() && v[i + 1] >= '0' && v[i + 1] <= '7'; ++k)
-                        valore = valore * 8 + static_cast<unsigned>(v[++i] - '0');
-                    out += static_cast<char>(valore & 0xff);
-                } else {
-                    out += n;
-                }
+        // The letters of C's escapes, and what each stands for.
+        static constexpr std::string_view lettere = "abfnrtv";
+        static constexpr std::string_view valori = "\a\b\f\n\r\t\v";
+        if (const size_t k = lettere.find(n); k != std::string_view::npos) {
+            out += valori[k];
+        } else if (n == 'x') {
+            unsigned valore = 0;
+            while (i + 1 < v.size() && Esadecimale(v[i + 1]) && valore < 0x100)
+                valore = valore * 16 + static_cast<unsigned>(Cifra16(v[++i]));
+            out += static_cast<char>(valore & 0xff);
+        } else if (n >= '0' && n <= '7') {
+            unsigned valore = static_cast<unsigned>(n - '0');
+            for (int altre = 0; altre < 2 && i + 1 < v.size() && v[i + 1] >= '0' && v[i + 1] <= '7'; ++altre)
+                valore = valore * 8 + static_cast<unsigned>(v[++i] - '0');
+            out += static_cast<char>(valore & 0xff);
+        } else {
+            out += n;
         }
     }
     return out;

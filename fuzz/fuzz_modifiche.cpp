@@ -82,7 +82,8 @@ void ControllaAlbero(const Documento& d) {
 void StampaAlbero(const Documento& d) {
     for (int i = 1; i <= d.NumTronchi(); ++i) {
         const Tronco& t = d.T(i);
-        std::fprintf(stderr, " %d%s:%d/%d/%d", i, t.ID_SCOLLEGATO != FALSO ? "*" : "", t.ID_PREV, t.ID_LEFT, t.ID_RIGHT);
+        std::fprintf(stderr, " %d%s:%d/%d/%d", i, t.ID_SCOLLEGATO != FALSO ? "*" : "", t.ID_PREV, t.ID_LEFT,
+                     t.ID_RIGHT);
     }
     std::fprintf(stderr, "\n");
 }

@@ -27,7 +27,10 @@ TEST(ImpostazioniFile, ScriveRileggeESopportaUnFileRovinato) {
 
     // Any value reads back as written: line breaks, NULs and other control characters (one
     // followed by a hex digit too), quotes and backslashes.
-    const char grezzo[] = "a\nb\rc\0" "1\x1f" "F\t\"q\"\\ #;,=\x7f";
+    const char grezzo[] =
+        "a\nb\rc\0"
+        "1\x1f"
+        "F\t\"q\"\\ #;,=\x7f";
     const std::string ostile(grezzo, sizeof grezzo - 1);
     {
         ImpostazioniFile imp(p);
