@@ -75,8 +75,11 @@ void LeggiTronchi(FileTesto& f, Documento& d, const Archivi& a, Messaggi& msg, A
             return;
         }
         for (int k = 0; k <= ultimo; ++k) {
-            const std::string& campo = campi[static_cast<size_t>(k)];
-            ScriviCampo(d, a, riga, k + 2, SenzaSpazi(campo) == "." ? std::string() : campo, msg);
+            // A text is kept without the blanks at its ends, as it is written: a size or a name
+            // read with a blank after it would not be found in the archives until the project had
+            // been saved and opened again.
+            const std::string_view campo = SenzaSpazi(campi[static_cast<size_t>(k)]);
+            ScriviCampo(d, a, riga, k + 2, campo == "." ? std::string() : std::string(campo), msg);
         }
     }
     d.rete().NumTronchi = static_cast<int16_t>(riga < 0 ? 0 : riga);

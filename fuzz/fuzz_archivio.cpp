@@ -16,12 +16,13 @@
 #include "documento/Campi.h"
 #include "documento/Tenuta.h"
 #include "fuzz/Ambiente.h"
+#include "housekeeping/Suggerimenti.h"
 
 using namespace fornax;
 
 namespace {
 
-enum Archivio { GAS, PARFAMGAS, MATERIALE, EQLEN, PDCMAX, DEFAULTVALUE, TENIMPTECDEF, GRIDGAS };
+enum Archivio { GAS, PARFAMGAS, MATERIALE, EQLEN, PDCMAX, DEFAULTVALUE, TENIMPTECDEF, GRIDGAS, HINTS, SWCOMPANY };
 constexpr Archivio QUESTO = FORNAX_ARCHIVIO;
 
 const char* NomeFile() {
@@ -42,8 +43,33 @@ const char* NomeFile() {
             return "TENIMPTECDEF.CFG";
         case GRIDGAS:
             return "gridgas.cne";
+        case HINTS:
+            return "HINTS.CFG";
+        case SWCOMPANY:
+            return "SWCOMPANY.CFG";
     }
     return "";
+}
+
+// Where the tips resume, as the user's settings hold it: any number a damaged settings file can
+// give, taken from the input's first two bytes.
+int16_t UltimoSuggerimento = 0;
+
+// Every tip shown in turn, for the publisher's own copy and for a distributor's: each one
+// returned is a tip of the list, and the walk never turns for ever.
+void ScorriSuggerimenti(const std::string& cartella) {
+    Suggerimenti s;
+    s.ElencoTips = LeggiHints(cartella);
+    for (int16_t personalizzato : {int16_t{0}, int16_t{1}}) {
+        BloccoEditore editore;
+        editore.Personalizzato = personalizzato;
+        s.UltimoSuggerimento = UltimoSuggerimento;
+        for (size_t k = 0; k <= s.ElencoTips.size() + 1; ++k) {
+            const TipRecord* t = ProssimoSuggerimento(s, editore);
+            if (t != nullptr && (t < s.ElencoTips.data() || t >= s.ElencoTips.data() + s.ElencoTips.size()))
+                fuzz::Guasto("a tip outside the list");
+        }
+    }
 }
 
 // Reads the file into `a` and uses it; true when the program would write it back.
@@ -95,6 +121,12 @@ bool Carica(Archivi& a, MessaggiRegistrati& msg) {
         case GRIDGAS:
             LeggiColonne(a, msg, av);
             return false;
+        case HINTS:
+            ScorriSuggerimenti(a.Cartella);
+            return false;
+        case SWCOMPANY:
+            (void)LeggiBloccoEditore(a.Cartella);
+            return false;
     }
     return false;
 }
@@ -122,6 +154,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t n) {
     static const std::string cartella = fuzz::CartellaLavoro(NomeFile());
     static const std::string file = cartella + "/" + NomeFile();
     fuzz::ScriviFile(file, std::string_view(reinterpret_cast<const char*>(dati), n));
+    UltimoSuggerimento = static_cast<int16_t>(n >= 2 ? dati[0] | dati[1] << 8 : 0);
     Archivi a;
     a.Cartella = cartella;
     MessaggiRegistrati msg;

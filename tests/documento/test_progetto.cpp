@@ -384,4 +384,13 @@ TEST_F(Progetti, TestiDellUtenteNonSpostanoLeRighe) {
     EXPECT_EQ(d->Tenuta.EsitoProva, prima.EsitoProva);
     EXPECT_EQ(d->Tenuta.CapacitaContatore, prima.CapacitaContatore);
     EXPECT_EQ(Salva("testi2.RTG"), scritto);
+
+    // A size in a row is read without the blanks at its ends, as it is written: it is found in
+    // the pipe's table at once, not only after a save.
+    const std::string misura = a->Materiali[1].Righe[1].DN;
+    std::string riga = "1";
+    for (int id = 3; id <= Id::ID_DIAMETRO; ++id) riga += id == Id::ID_DIAMETRO ? "\t " + misura + " " : "\t0";
+    dir.Scrivi("spazi.RTG", "FX 2.0.0\n!PARAMETERS\n.\n.\nMETANO\n 0 \n[\n0\n" + riga + "\n]\n!END\n");
+    ASSERT_TRUE(Leggi(dir.Percorso("spazi.RTG")));
+    EXPECT_EQ(d->T(1).ID_DIAMETRO, misura);
 }
