@@ -30,6 +30,13 @@ bool TuttoNumerico(const std::string& testo) {
     return fine != nullptr && *fine == '\0';
 }
 
+// The table grows to `fino`: the records between its end and `fino` have not been written in this
+// document and start blank, whatever an earlier document left in them; `fino` is the caller's.
+void AllungaTabella(Documento& d, int fino) {
+    for (int k = d.NumTronchi() + 1; k < fino; ++k) d.T(k) = Tronco{};
+    d.rete().NumTronchi = static_cast<int16_t>(fino);
+}
+
 // A record named as a parent becomes a section of the table: beyond the table's count the table
 // grows to it (the rows between blank), a freed record is taken back as a section without a
 // parent. The deletes, the new sections and the renumbering keep the links of the table's
@@ -38,8 +45,8 @@ bool TuttoNumerico(const std::string& testo) {
 void PrendiInTabella(Documento& d, int16_t sezione) {
     if (sezione < 1 || sezione > MAX_TRONCHI) return;
     if (sezione > d.NumTronchi()) {
-        for (int k = d.NumTronchi() + 1; k <= sezione; ++k) d.T(k) = Tronco{};
-        d.rete().NumTronchi = sezione;
+        d.T(sezione) = Tronco{};
+        AllungaTabella(d, sezione);
     }
     Tronco& t = d.T(sezione);
     t.ID_SCOLLEGATO = FALSO;
@@ -225,10 +232,7 @@ EsitoConferma ConfermaCelle(Documento& d, Archivi& a, int da, int a_, int id, co
             esito.interrotto = true;
             return esito;
         }
-        if (r > d.NumTronchi()) {
-            for (int k = d.NumTronchi() + 1; k < r; ++k) d.T(k) = Tronco{};
-            d.rete().NumTronchi = static_cast<int16_t>(r);
-        }
+        if (r > d.NumTronchi()) AllungaTabella(d, r);
         if (!a.HaMateriale(d.T(r).IndiceMateriale)) MaterialeNuovaRiga(d, a, r);
     }
     d.ReteModificata = VERO;
@@ -239,8 +243,8 @@ void ConfermaMateriale(Documento& d, const Archivi& a, int da, int a_, int mater
     if (!a.HaMateriale(materiale)) return;
     for (int r = std::max(da, 1); r <= a_ && r <= MAX_TRONCHI; ++r) {
         if (r > d.NumTronchi()) {
-            for (int k = d.NumTronchi() + 1; k <= r; ++k) d.T(k) = Tronco{};
-            d.rete().NumTronchi = static_cast<int16_t>(r);
+            d.T(r) = Tronco{};
+            AllungaTabella(d, r);
         }
         Tronco& t = d.T(r);
         t.IndiceMateriale = static_cast<int16_t>(materiale);

@@ -6,7 +6,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,16 +22,6 @@ namespace fornax::ui {
 namespace {
 
 constexpr int COLONNE = 5;
-
-QString TestoInserito(QWidget* padre, const QString& titolo, const QString& domanda) {
-    QInputDialog d(padre);
-    d.setWindowTitle(titolo);
-    d.setLabelText(domanda);
-    d.setOkButtonText(QStringLiteral("OK"));
-    d.setCancelButtonText(QStringLiteral("Annulla"));
-    if (d.exec() != QDialog::Accepted) return {};
-    return d.textValue();
-}
 
 }  // namespace
 

@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -44,16 +43,6 @@ void Riga(QGridLayout* g, int riga, int colonna, const QString& etichetta, QLine
     g->addWidget(l, riga, colonna);
     g->addWidget(box, riga, colonna + 1);
     g->addWidget(new QLabel(unita), riga, colonna + 2);
-}
-
-QString TestoInserito(QWidget* padre, const QString& titolo, const QString& domanda) {
-    QInputDialog d(padre);
-    d.setWindowTitle(titolo);
-    d.setLabelText(domanda);
-    d.setOkButtonText(QStringLiteral("OK"));
-    d.setCancelButtonText(QStringLiteral("Annulla"));
-    if (d.exec() != QDialog::Accepted) return {};
-    return d.textValue();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
@@ -47,6 +48,16 @@ QPushButton* BottoniOkAnnulla(QDialog* dialogo, QBoxLayout* lay, const QString& 
     lay->addLayout(bottoni);
     QObject::connect(annulla, &QPushButton::clicked, dialogo, &QDialog::reject);
     return ok;
+}
+
+QString TestoInserito(QWidget* padre, const QString& titolo, const QString& domanda) {
+    QInputDialog d(padre);
+    d.setWindowTitle(titolo);
+    d.setLabelText(domanda);
+    d.setOkButtonText(QStringLiteral("OK"));
+    d.setCancelButtonText(QStringLiteral("Annulla"));
+    if (d.exec() != QDialog::Accepted) return {};
+    return d.textValue();
 }
 
 }  // namespace fornax::ui

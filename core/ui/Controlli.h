@@ -38,4 +38,7 @@ void SelezionaTesto(QComboBox* combo, const QString& testo);
 // and "Annulla", named for the tests. Annulla rejects the dialog; the caller connects OK.
 QPushButton* BottoniOkAnnulla(QDialog* dialogo, QBoxLayout* lay, const QString& nomeOk, const QString& nomeAnnulla);
 
+// A text asked of the user in a small modal window with "OK" and "Annulla"; empty when cancelled.
+QString TestoInserito(QWidget* padre, const QString& titolo, const QString& domanda);
+
 }  // namespace fornax::ui
