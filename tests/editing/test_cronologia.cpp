@@ -3,9 +3,7 @@
 // original file; the modified mark follows the saved point; the menu's names of the steps.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <random>
 #include <string>
@@ -20,11 +18,6 @@
 
 namespace fornax {
 namespace {
-
-std::string Leggi(const std::string& percorso) {
-    std::ifstream f(percorso, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
-}
 
 struct Banco {
     prova::CartellaProva dir{"cronologia"};
@@ -46,7 +39,7 @@ struct Banco {
     std::string File() {
         const std::string p = dir.Percorso("p" + std::to_string(salvataggi++) + ".RTG");
         EXPECT_TRUE(SalvaProgetto(*s, p, msg));
-        return Leggi(p);
+        return prova::CartellaProva::LeggiFile(p);
     }
 
     // One step around an edit, then the recalculation, as the document window does.
@@ -223,7 +216,7 @@ TEST(Cronologia, IlSegnoDiModificaSegueIlPuntoSalvato) {
     EXPECT_EQ(s.d.ReteModificata, VERO);
     ASSERT_TRUE(b->Ripristina());
     EXPECT_EQ(s.d.ReteModificata, FALSO) << "back at the saved state";
-    EXPECT_EQ(Leggi(nome), b->File());
+    EXPECT_EQ(prova::CartellaProva::LeggiFile(nome), b->File());
     // Undone past the save and edited anew: the saved state can't be reached any more.
     ASSERT_TRUE(b->Annulla());
     cella("13");

@@ -8,7 +8,6 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <thread>
 
@@ -21,11 +20,6 @@
 
 namespace fornax {
 namespace {
-
-std::string Leggi(const std::string& percorso) {
-    std::ifstream f(percorso, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
-}
 
 struct Banco {
     prova::CartellaProva dir{"recupero"};
@@ -87,12 +81,12 @@ TEST(Recupero, QuandoLaCopiaVieneScrittaETolta) {
     EXPECT_LE(scritta, 40 + 120);
 
     // The copy is never the user's file, and holds the work as a save would write it.
-    const std::string utente = Leggi(b->progetto);
+    const std::string utente = prova::CartellaProva::LeggiFile(b->progetto);
     const auto copia = Recupero::Trova(b->cartella);
     ASSERT_TRUE(copia);
     EXPECT_EQ(copia->nome, b->progetto);
     EXPECT_NE(copia->progetto, b->progetto);
-    EXPECT_EQ(Leggi(b->progetto), utente);
+    EXPECT_EQ(prova::CartellaProva::LeggiFile(b->progetto), utente);
 
     // A save removes it at once.
     SalvaConNome(*b->s, b->progetto, b->msg, [] { return std::string(); });
@@ -117,7 +111,7 @@ TEST(Recupero, QuandoLaCopiaVieneScrittaETolta) {
 // keeps its recovery copy, and is killed; the next start gets the work back.
 TEST(Recupero, DopoCheIlProgrammaEStatoUcciso) {
     auto b = std::make_unique<Banco>();
-    const std::string utente = Leggi(b->progetto);
+    const std::string utente = prova::CartellaProva::LeggiFile(b->progetto);
     const std::string pronto = b->dir.Percorso("pronto");
     const std::string atteso = b->dir.Percorso("atteso.RTG");
     const pid_t figlio = fork();
@@ -159,12 +153,12 @@ TEST(Recupero, DopoCheIlProgrammaEStatoUcciso) {
     EXPECT_EQ(s.Titolo, "Fornax - " + b->progetto);
     // The user's file was never touched; the work comes back as the killed session would have
     // saved it.
-    EXPECT_EQ(Leggi(b->progetto), utente);
+    EXPECT_EQ(prova::CartellaProva::LeggiFile(b->progetto), utente);
     // Opened as the desktop opens it: recalculated.
     Ricalcola(s, dopo->msg);
     const std::string recuperato = dopo->dir.Percorso("recuperato.RTG");
     ASSERT_TRUE(SalvaProgetto(s, recuperato, dopo->msg));
-    EXPECT_EQ(Leggi(recuperato), Leggi(atteso));
+    EXPECT_EQ(prova::CartellaProva::LeggiFile(recuperato), prova::CartellaProva::LeggiFile(atteso));
     // A normal end removes the copy.
     Recupero(b->cartella).Rimuovi();
     EXPECT_FALSE(Recupero::Trova(b->cartella));
